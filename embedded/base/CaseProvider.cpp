@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// CaseProvider: opening, what the file holds, and the shared steps of all families. The families
+// themselves stand in case_provider_families.cpp.
+
+#include "embedded/base/CaseProvider.h"
+
+#include <algorithm>
+#include <new>
+#include <set>
+
+#include "embedded/base/OrvBaseState.h"
+
+namespace velto::base {
+
+bool CaseProvider::startReading(const std::string& fileName, OrvDataClass dataClass) {
+  Messages& messages = coreOf(*this).messages;
+  try {
+    open(fileName, dataClass);
+    return true;
+  } catch (const std::bad_alloc&) {
+    messages.addError(fileName + ": not enough memory to read it");
+  } catch (const std::exception& error) {
+    messages.addError(error.what());
+  }
+  serve({}, {});
+  return false;
+}
+
+void CaseProvider::serve(CaseTables tables, ArraysByMesh arrays) {
+  CaseCore& core = coreOf(*this);
+  core.tables = std::move(tables);
+  core.selection = core.tables.meshes.empty() ? MeshKey{} : core.tables.meshes.begin()->first;
+  arrays_ = std::move(arrays);
+  elementIds_.close();
+  elementTypes_.close();
+}
+
+void CaseProvider::setFileName(const std::string&, OrvDataClass) {}
+
+void CaseProvider::getFileVersion(OrvDataClass, int& major, int& minor, int& patch) {
+  if (const auto& version = coreOf(*this).tables.version) {
+    major = version->major;
+    minor = version->minor;
+    patch = version->patch;
+  }
+}
+
+// --- Settings -----------------------------------------------------------------------------------
+
+void CaseProvider::getSettingsKeys(OrvDataClass dataClass, std::vector<std::string>& keys) {
+  keys.clear();
+  const auto& stores = coreOf(*this).tables.settings;
+  const auto store = stores.find({dataClass, _defaultSettingsPath});
+  if (store != stores.end()) {
+    for (const Settings::Entry& entry : store->second.entries()) {
+      keys.push_back(entry.first);
+    }
+  }
+}
+
+void CaseProvider::getSettingsValue(OrvDataClass dataClass, const std::string& key,
+                                    std::string& value, const std::string& path) {
+  const auto& stores = coreOf(*this).tables.settings;
+  const auto store = stores.find({dataClass, path});
+  if (store != stores.end()) {
+    if (const std::string* found = store->second.find(key)) {
+      value = *found;
+    }
+  }
+}
+
+// --- What the file holds ------------------------------------------------------------------------
+
+void CaseProvider::getMeshIds(std::vector<int>& ids, OrvDataClass) {
+  ids.clear();
+  for (const auto& mesh : coreOf(*this).tables.meshes) {
+    if (ids.empty() || ids.back() != mesh.first.mesh) {
+      ids.push_back(mesh.first.mesh);
+    }
+  }
+}
+
+void CaseProvider::getTargets(std::vector<int>& categories, int meshId, OrvDataClass) {
+  categories.clear();
+  for (const auto& mesh : coreOf(*this).tables.meshes) {
+    const bool known = !categories.empty() && categories.back() == mesh.first.target;
+    if (mesh.first.mesh == meshId && !known) {
+      categories.push_back(mesh.first.target);
+    }
+  }
+}
+
+void CaseProvider::getPartitionIds(std::vector<int>& ids, int meshId, OrvDataClass) {
+  std::set<int> partitions;
+  for (const auto& mesh : coreOf(*this).tables.meshes) {
+    if (mesh.first.mesh == meshId && mesh.first.partition != -1) {
+      partitions.insert(mesh.first.partition);
+    }
+  }
+  ids.assign(partitions.begin(), partitions.end());
+}
+
+// --- Shared steps of the families ---------------------------------------------------------------
+
+MeshArrays* CaseProvider::arrays() {
+  const auto found = arrays_.find(coreOf(*this).selection);
+  return found == arrays_.end() ? nullptr : found->second.get();
+}
+
+void CaseProvider::guarded(const std::string& what, const std::function<void()>& operation) {
+  try {
+    operation();
+  } catch (const std::exception& error) {
+    coreOf(*this).messages.addError(what + ": " + error.what());
+  }
+}
+
+void CaseProvider::listZones(Family family, std::vector<int>& zoneIds) {
+  zoneIds.clear();
+  guarded(familyName(family), [&] {
+    if (MeshArrays* source = arrays()) {
+      zoneIds = source->zones(family);
+    }
+  });
+}
+
+void CaseProvider::warnOfShortRead(const std::string& what, std::size_t delivered, std::size_t n) {
+  coreOf(*this).messages.addWarning(what + ": " + std::to_string(delivered) +
+                                    " values are there, " + std::to_string(n) + " were expected");
+}
+
+namespace {
+
+std::string nameOf(Family family, int zoneId) {
+  return std::string(familyName(family)) + " of zone " + std::to_string(zoneId);
+}
+
+}  // namespace
+
+bool CaseProvider::uniformCount(Family family, int zoneId, short& count) {
+  bool uniform = false;
+  guarded(nameOf(family, zoneId), [&] {
+    MeshArrays* source = arrays();
+    uniform = source != nullptr && source->uniformCount(family, zoneId, count);
+  });
+  return uniform;
+}
+
+void CaseProvider::readCounts(Family family, int zoneId, short* counts, std::size_t n) {
+  guarded(nameOf(family, zoneId), [&] {
+    MeshArrays* source = arrays();
+    const std::size_t delivered =
+        source == nullptr ? 0 : source->readCounts(family, zoneId, counts, n);
+    if (delivered < n) {
+      warnOfShortRead(nameOf(family, zoneId), delivered, n);
+    }
+  });
+}
+
+void CaseProvider::readIds(Family family, int zoneId, std::uint64_t* ids, std::size_t n) {
+  guarded(nameOf(family, zoneId), [&] {
+    MeshArrays* source = arrays();
+    const std::size_t delivered = source == nullptr ? 0 : source->readIds(family, zoneId, ids, n);
+    if (delivered < n) {
+      warnOfShortRead(nameOf(family, zoneId), delivered, n);
+    }
+  });
+}
+
+std::vector<ZoneRange> CaseProvider::rangesOf(const std::vector<int>& zoneIds) {
+  std::vector<ZoneRange> ranges;
+  if (const MeshTables* mesh = coreOf(*this).mesh()) {
+    for (const int zone : zoneIds) {
+      ranges.push_back({zone, mesh->zoneSize(zone, zoneFirstId), mesh->zoneSize(zone, zoneLastId)});
+    }
+  }
+  return ranges;
+}
+
+void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
+  listZones(family, zoneIds);
+  elementIds_.open(rangesOf(zoneIds), [this, family](int zone, ZoneValues<std::uint64_t>& values) {
+    guarded(nameOf(family, zone), [&] {
+      MeshArrays& source = *arrays();
+      const IdView view = source.viewIds(family, zone);
+      if (view.size > 0) {
+        values.data = view.data;
+        values.size = view.size;
+        return;
+      }
+      values.buffer.assign(source.idCount(family, zone), 0);
+      values.size = source.readIds(family, zone, values.buffer.data(), values.buffer.size());
+      values.data = values.buffer.data();
+    });
+  });
+}
+
+}  // namespace velto::base

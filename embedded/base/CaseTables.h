@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// CaseTables: everything about a case but its bulk arrays, per mesh, target and partition.
+
+#ifndef VELTO_EMBEDDED_BASE_CASE_TABLES_H
+#define VELTO_EMBEDDED_BASE_CASE_TABLES_H
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "data_access/OrvLocationModel.h"
+#include "data_access/OrvTypes.h"
+
+#include "embedded/base/Settings.h"
+
+namespace velto::base {
+
+/// Which mesh the tables speak of. A partition of -1 stands for "no partition".
+struct MeshKey {
+  int mesh = 1;
+  OrvTargetCategory target = targetRestart;
+  int partition = -1;
+
+  friend bool operator<(const MeshKey& a, const MeshKey& b) {
+    return std::tie(a.mesh, a.target, a.partition) < std::tie(b.mesh, b.target, b.partition);
+  }
+  friend bool operator==(const MeshKey& a, const MeshKey& b) {
+    return std::tie(a.mesh, a.target, a.partition) == std::tie(b.mesh, b.target, b.partition);
+  }
+};
+
+/// What the tables hold of one zone. A value that was never set is not there, so that a query for
+/// it leaves its output alone.
+struct ZoneRecord {
+  std::array<std::optional<std::uint64_t>, 4> sizes;  ///< By OrvZoneSizeType.
+  std::array<std::optional<std::string>, 2> texts;    ///< By OrvZoneStringInfoType.
+  std::array<std::optional<int>, 6> faceInfo;         ///< By OrvFaceZoneInfoType.
+  std::array<std::optional<int>, 2> cellInfo;         ///< By OrvCellZoneInfoType.
+  std::vector<int> properties;                        ///< The OrvFaceZonePropType values that hold.
+  std::vector<int> boundingFaceZones;                 ///< Of a cell zone.
+  std::array<std::vector<int>, 2> sideCellZones;      ///< Of a face zone, by side.
+};
+
+/// One mesh: its sizes and zones.
+struct MeshTables {
+  std::array<std::optional<std::uint64_t>, 5> sizes;  ///< By OrvMeshSizeType.
+  std::optional<std::string> units;
+  std::map<OrvZoneCategory, std::vector<int>> zoneIds;
+  std::unordered_map<int, ZoneRecord> zones;
+
+  /// The ids of a category, in their order.
+  const std::vector<int>& idsOf(OrvZoneCategory category) const;
+
+  /// The value of a size, 0 if it was never set; of a mesh and of a zone.
+  std::uint64_t size(OrvMeshSizeType key) const;
+  std::uint64_t zoneSize(int zoneId, OrvZoneSizeType key) const;
+};
+
+using Attributes = std::vector<std::pair<std::string, std::string>>;
+
+/// A phase of the results.
+struct Phase {
+  short id = 0;
+  std::optional<std::string> name;
+  std::optional<std::string> description;
+  Attributes attributes;
+};
+
+/// A variable of the results; where it has values is told by the arrays.
+struct Variable {
+  int id = 0;
+  std::string name;
+  std::optional<std::string> description;
+  Attributes attributes;
+};
+
+/// Version of the format that a file was written in.
+struct FileVersion {
+  int major = 0;
+  int minor = 0;
+  int patch = 0;
+};
+
+/// A whole case but for its bulk arrays. Copies share the location model, which is never changed
+/// once it stands here.
+struct CaseTables {
+  std::string solverType;
+  std::string applicationName;
+  std::optional<FileVersion> version;
+  std::map<MeshKey, MeshTables> meshes;
+  /// By data class and path of the store.
+  std::map<std::pair<OrvDataClass, std::string>, Settings> settings;
+  std::shared_ptr<const OrvLocationModel> locationModel;
+  std::vector<Phase> phases;
+  std::vector<Variable> variables;
+
+  const Phase* findPhase(short id) const;
+  const Variable* findVariable(int id) const;
+  const Variable* findVariable(const std::string& name) const;
+};
+
+/// The value of an attribute, or null.
+const std::string* findAttribute(const Attributes& attributes, const std::string& name);
+
+/// Sets an attribute; a name that is there gets the new value.
+void setAttribute(Attributes& attributes, const std::string& name, const std::string& value);
+
+}  // namespace velto::base
+
+#endif  // VELTO_EMBEDDED_BASE_CASE_TABLES_H

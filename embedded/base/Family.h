@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Family: the kinds of bulk arrays that a mesh has.
+
+#ifndef VELTO_EMBEDDED_BASE_FAMILY_H
+#define VELTO_EMBEDDED_BASE_FAMILY_H
+
+#include "data_access/OrvTypes.h"
+
+namespace velto::base {
+
+/// One value for each family of bulk calls of OrvProvider. The first three are counted families: a
+/// count and a list of ids for each element.
+enum class Family {
+  faceNodes,
+  cellNodes,
+  cellFaces,
+  nodeCoordinates,
+  faceCell0,
+  faceCell1,
+  faceShadows,
+  faceTree,
+  cellTypes,
+  cellPartitions,
+};
+
+/// Name of a family for messages: "face nodes".
+inline const char* familyName(Family family) {
+  switch (family) {
+    case Family::faceNodes:
+      return "face nodes";
+    case Family::cellNodes:
+      return "cell nodes";
+    case Family::cellFaces:
+      return "cell faces";
+    case Family::nodeCoordinates:
+      return "node coordinates";
+    case Family::faceCell0:
+      return "side-0 cells";
+    case Family::faceCell1:
+      return "side-1 cells";
+    case Family::faceShadows:
+      return "shadow faces";
+    case Family::faceTree:
+      return "face tree";
+    case Family::cellTypes:
+      return "cell types";
+    case Family::cellPartitions:
+      return "cell partitions";
+  }
+  return "unknown";
+}
+
+}  // namespace velto::base
+
+#endif  // VELTO_EMBEDDED_BASE_FAMILY_H

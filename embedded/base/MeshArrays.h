@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// MeshArrays and MeshArraySink: where the bulk arrays of one mesh come from, and where they go.
+
+#ifndef VELTO_EMBEDDED_BASE_MESH_ARRAYS_H
+#define VELTO_EMBEDDED_BASE_MESH_ARRAYS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "data_access/OrvTypes.h"
+
+#include "embedded/base/Family.h"
+
+namespace velto::base {
+
+/// A run of ids that somebody else owns.
+struct IdView {
+  const std::uint64_t* data = nullptr;
+  std::size_t size = 0;
+};
+
+/// Names the values of one variable: a phase, a kind of zone, a name.
+struct VariableKey {
+  short phase = 0;
+  OrvZoneCategory category = zoneCategoryNode;
+  std::string name;
+};
+
+/// The bulk arrays of one mesh, target and partition, read zone by zone. A CaseProvider stands in
+/// front of it and follows the protocol of the contract; an implementation only fetches arrays.
+///
+/// Reads write at most `n` entries and return how many they wrote; a zone that a family does not
+/// list gives 0. Failures are exceptions (CaseError), the buffer's content is then unspecified up
+/// to `n`.
+class MeshArrays {
+ public:
+  MeshArrays() = default;
+  MeshArrays(const MeshArrays&) = delete;
+  MeshArrays& operator=(const MeshArrays&) = delete;
+  virtual ~MeshArrays() = default;
+
+  /// The zones that carry the family's data, in the order of its list. For Family::faceTree the
+  /// parent zones.
+  virtual std::vector<int> zones(Family family) = 0;
+  virtual std::vector<int> treeChildZones() = 0;
+
+  /// Counted families: the count of all elements of the zone if they have one, and the counts.
+  virtual bool uniformCount(Family family, int zone, short& count) = 0;
+  virtual std::size_t readCounts(Family family, int zone, short* counts, std::size_t n) = 0;
+
+  /// The connectivity list of a counted family, or one id a face for face cells and shadows.
+  virtual std::size_t readIds(Family family, int zone, std::uint64_t* ids, std::size_t n) = 0;
+
+  /// The same ids without copying; valid until the next call. An empty view means that they have to
+  /// be read.
+  virtual IdView viewIds(Family, int /*zone*/) { return {}; }
+
+  /// Number of values that can be read for a zone of face cells, shadows or cell types.
+  virtual std::size_t idCount(Family family, int zone) = 0;
+
+  virtual std::size_t readCoordinates(int zone, double* values, std::size_t n) = 0;
+
+  /// Cell types: the one type of the zone if it has one, and one type a cell.
+  virtual bool uniformCellType(int zone, int& type) = 0;
+  virtual std::size_t readCellTypes(int zone, int* types, std::size_t n) = 0;
+
+  virtual int partitionInfo(int zone) = 0;
+  virtual std::size_t readCellPartitions(int zone, int* partitions, std::size_t n) = 0;
+
+  /// Field data: names in order, the zones of a variable with its values per element, the values.
+  virtual std::vector<std::string> variableNames(short phase, OrvZoneCategory category) = 0;
+  virtual std::size_t variableZones(const VariableKey& key, std::vector<int>& zones) = 0;
+  virtual std::size_t readVariable(const VariableKey& key, int zone, double* values,
+                                   std::size_t n) = 0;
+};
+
+/// Where the bulk arrays of one mesh go. A CaseConsumer stands in front of it.
+///
+/// Buffers belong to the caller and are valid during the call only. Failures are exceptions
+/// (CaseError).
+class MeshArraySink {
+ public:
+  MeshArraySink() = default;
+  MeshArraySink(const MeshArraySink&) = delete;
+  MeshArraySink& operator=(const MeshArraySink&) = delete;
+  virtual ~MeshArraySink() = default;
+
+  /// A family is about to be written for these zones.
+  virtual void begin(Family family, const std::vector<int>& zones) = 0;
+
+  virtual void writeUniformCount(Family family, int zone, short count) = 0;
+  virtual void writeCounts(Family family, int zone, const short* counts, std::size_t n) = 0;
+  virtual void writeIds(Family family, int zone, const std::uint64_t* ids, std::size_t n) = 0;
+  virtual void writeCoordinates(int zone, const double* values, std::size_t n) = 0;
+  virtual void writeUniformCellType(int zone, int type) = 0;
+  virtual void writeCellTypes(int zone, const int* types, std::size_t n) = 0;
+  virtual void setPartitionInfo(int info) = 0;
+  virtual void writeCellPartitions(int zone, const int* partitions, std::size_t n) = 0;
+  virtual void writeElemIds(int zone, const std::size_t* ids, std::size_t n) = 0;
+
+  virtual void declareVariables(short phase, OrvZoneCategory category,
+                                const std::vector<std::string>& names) = 0;
+  virtual void beginVariable(const VariableKey& key, const std::vector<int>& zones,
+                             std::size_t valuesPerEntity) = 0;
+  virtual void writeVariable(const VariableKey& key, int zone, const double* values,
+                             std::size_t n) = 0;
+};
+
+}  // namespace velto::base
+
+#endif  // VELTO_EMBEDDED_BASE_MESH_ARRAYS_H

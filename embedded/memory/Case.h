@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Case: a whole case in memory, filled by samples, tests, format readers and the memory consumer.
+
+#ifndef VELTO_EMBEDDED_MEMORY_CASE_H
+#define VELTO_EMBEDDED_MEMORY_CASE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data_access/OrvTypes.h"
+
+#include "embedded/base/CaseTables.h"
+#include "embedded/base/Family.h"
+#include "embedded/memory/Slice.h"
+#include "embedded/memory/ZoneList.h"
+
+namespace velto::memory {
+
+/// A zone of a counted family. With a uniform count the list of counts stays empty.
+struct CountedData {
+  std::optional<short> uniform;
+  Slice<short> counts;
+  Slice<std::uint64_t> ids;
+};
+
+/// The cell types of a zone. With a uniform type the list stays empty.
+struct CellTypeData {
+  std::optional<int> uniform;
+  Slice<int> types;
+};
+
+struct CellPartitionData {
+  int info = 0;
+  Slice<int> partitions;
+};
+
+/// Where one variable has its values.
+struct VariableData {
+  std::size_t valuesPerEntity = 1;
+  ZoneList<Slice<double>> zones;
+};
+
+/// The bulk arrays of one mesh. Nothing here is checked against the tables: a case may be as wrong
+/// as a file can be.
+struct MeshData {
+  ZoneList<Slice<double>> nodeCoordinates;
+  ZoneList<CountedData> faceNodes;
+  ZoneList<CountedData> cellNodes;
+  ZoneList<CountedData> cellFaces;
+  ZoneList<Slice<std::uint64_t>> faceCell0;
+  ZoneList<Slice<std::uint64_t>> faceCell1;
+  ZoneList<Slice<std::uint64_t>> faceShadows;
+  std::vector<int> treeParentZones;
+  std::vector<int> treeChildZones;
+  ZoneList<CellTypeData> cellTypes;
+  ZoneList<CellPartitionData> cellPartitions;
+  ZoneList<Slice<std::size_t>> elementIds;
+
+  using VariableList = std::vector<std::pair<std::string, VariableData>>;
+  /// Variables in order, by phase and kind of zone.
+  std::map<std::pair<short, OrvZoneCategory>, VariableList> variables;
+
+  /// The zone list of a counted family.
+  ZoneList<CountedData>& counted(base::Family family);
+  const ZoneList<CountedData>& counted(base::Family family) const;
+
+  /// The zone list of face cells or shadows.
+  ZoneList<Slice<std::uint64_t>>& faceIds(base::Family family);
+  const ZoneList<Slice<std::uint64_t>>& faceIds(base::Family family) const;
+};
+
+/// Tables and arrays. Copies are cheap in arrays (they are shared) and deep in tables.
+struct Case {
+  base::CaseTables tables;
+  std::map<base::MeshKey, MeshData> data;
+
+  /// The tables and the arrays of a mesh, made if they are not there.
+  base::MeshTables& mesh(const base::MeshKey& key = {}) { return tables.meshes[key]; }
+  MeshData& arrays(const base::MeshKey& key = {}) { return data[key]; }
+
+  /// The record of a zone, for a test that damages it.
+  base::ZoneRecord& zone(int id, const base::MeshKey& key = {}) { return mesh(key).zones[id]; }
+
+  /// Sets an entry of the default settings of the case.
+  void setSetting(const std::string& key, const std::string& value);
+};
+
+}  // namespace velto::memory
+
+#endif  // VELTO_EMBEDDED_MEMORY_CASE_H

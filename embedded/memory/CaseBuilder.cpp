@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// CaseBuilder: tables and arrays from a short description.
+
+#include "embedded/memory/CaseBuilder.h"
+
+#include <algorithm>
+
+#include "data_access/OrvVersion.h"
+
+#include "embedded/base/zone_relations.h"
+
+namespace velto::memory {
+
+using base::MeshKey;
+using base::ZoneRecord;
+
+namespace {
+
+/// Lists of ids as the data of a counted family.
+CountedData countedData(const std::vector<Ids>& elements) {
+  std::vector<short> counts;
+  Ids ids;
+  for (const Ids& element : elements) {
+    counts.push_back(static_cast<short>(element.size()));
+    ids.insert(ids.end(), element.begin(), element.end());
+  }
+  CountedData data;
+  data.ids = Slice<std::uint64_t>(std::move(ids));
+  if (!counts.empty() && std::count(counts.begin(), counts.end(), counts.front()) ==
+                             static_cast<std::ptrdiff_t>(counts.size())) {
+    data.uniform = counts.front();
+  } else {
+    data.counts = Slice<short>(std::move(counts));
+  }
+  return data;
+}
+
+/// The one shape of all elements, or the value for "mixed".
+int commonShape(const std::vector<int>& shapes) {
+  for (const int shape : shapes) {
+    if (shape != shapes.front()) {
+      return base::cellShapeMixed;
+    }
+  }
+  return shapes.empty() ? base::cellShapeMixed : shapes.front();
+}
+
+}  // namespace
+
+CaseBuilder::CaseBuilder(int dimension) {
+  case_.tables.solverType = "VELTO_GENERIC";
+  case_.tables.version = {static_cast<int>(OrvVersion::getMajor()),
+                          static_cast<int>(OrvVersion::getMinor()),
+                          static_cast<int>(OrvVersion::getPatch())};
+  mesh({}, dimension);
+}
+
+CaseBuilder& CaseBuilder::mesh(const MeshKey& key, int dimension) {
+  key_ = key;
+  auto& sizes = tables().sizes;
+  sizes[meshDimension] = static_cast<std::uint64_t>(dimension);
+  for (const OrvMeshSizeType count : {meshNodeCount, meshFaceCount, meshCellCount}) {
+    sizes[count] = sizes[count].value_or(0);
+  }
+  arrays();
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::solverType(const std::string& type) {
+  case_.tables.solverType = type;
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::version(int major, int minor, int patch) {
+  case_.tables.version = {major, minor, patch};
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::units(const std::string& units) {
+  tables().units = units;
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::setting(const std::string& key, const std::string& value) {
+  case_.setSetting(key, value);
+  return *this;
+}
+
+ZoneRecord& CaseBuilder::addZone(OrvZoneCategory category, OrvMeshSizeType total, int zone,
+                                 const std::string& name, std::uint64_t count) {
+  base::MeshTables& mesh = tables();
+  mesh.zoneIds[category].push_back(zone);
+  ZoneRecord& record = mesh.zones[zone];
+  const std::uint64_t before = mesh.size(total);
+  record.sizes[zoneFirstId] = before + 1;
+  record.sizes[zoneLastId] = before + count;
+  record.sizes[zoneElementCount] = count;
+  record.sizes[zoneDimension] = mesh.size(meshDimension);
+  record.texts[zoneName] = name;
+  mesh.sizes[total] = before + count;
+  return record;
+}
+
+CaseBuilder& CaseBuilder::nodes(int zone, const std::string& name,
+                                const std::vector<std::vector<double>>& coordinates) {
+  addZone(zoneCategoryNode, meshNodeCount, zone, name, coordinates.size());
+  std::vector<double> values;
+  for (const auto& node : coordinates) {
+    values.insert(values.end(), node.begin(), node.end());
+  }
+  arrays().nodeCoordinates[zone] = Slice<double>(std::move(values));
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::faces(int zone, const std::string& name, int type,
+                                const std::vector<FaceLine>& lines) {
+  ZoneRecord& record = addZone(zoneCategoryFace, meshFaceCount, zone, name, lines.size());
+  std::vector<Ids> nodes;
+  std::vector<int> shapes;
+  Ids cell0;
+  Ids cell1;
+  for (const FaceLine& line : lines) {
+    nodes.push_back(line.nodes);
+    shapes.push_back(base::faceShapeOf(line.nodes.size()));
+    cell0.push_back(line.cell0);
+    cell1.push_back(line.cell1);
+  }
+  record.faceInfo[faceZoneFaceType] = commonShape(shapes);
+  record.faceInfo[faceZoneType] = type;
+  record.texts[zoneTypeName] = base::faceZoneTypeName(type);
+  arrays().faceNodes[zone] = countedData(nodes);
+  arrays().faceCell0[zone] = Slice<std::uint64_t>(std::move(cell0));
+  if (std::any_of(cell1.begin(), cell1.end(), [](std::uint64_t cell) { return cell != 0; })) {
+    arrays().faceCell1[zone] = Slice<std::uint64_t>(std::move(cell1));
+  }
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, int shape, std::uint64_t count) {
+  ZoneRecord& record = addZone(zoneCategoryCell, meshCellCount, zone, name, count);
+  record.cellInfo[cellZoneCellType] = shape;
+  arrays().cellTypes[zone].uniform = shape;
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, const std::vector<int>& shapes) {
+  ZoneRecord& record = addZone(zoneCategoryCell, meshCellCount, zone, name, shapes.size());
+  record.cellInfo[cellZoneCellType] = commonShape(shapes);
+  arrays().cellTypes[zone].types = Slice<int>(shapes);
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::cellNodes(int zone, const std::vector<Ids>& cells) {
+  arrays().cellNodes[zone] = countedData(cells);
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::cellFaces(int zone, const std::vector<Ids>& cells) {
+  arrays().cellFaces[zone] = countedData(cells);
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::shadows(int zone, int shadowZone) {
+  base::MeshTables& mesh = tables();
+  const auto link = [&](int from, int to) {
+    mesh.zones[from].faceInfo[faceZoneShadow] = to;
+    Ids partners(mesh.zoneSize(from, zoneElementCount));
+    for (std::size_t i = 0; i < partners.size(); ++i) {
+      partners[i] = mesh.zoneSize(to, zoneFirstId) + i;
+    }
+    arrays().faceShadows[from] = Slice<std::uint64_t>(std::move(partners));
+  };
+  link(zone, shadowZone);
+  link(shadowZone, zone);
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::phase(short id, const std::string& name) {
+  base::Phase phase;
+  phase.id = id;
+  phase.name = name;
+  case_.tables.phases.push_back(phase);
+  return *this;
+}
+
+CaseBuilder& CaseBuilder::variable(short phase, OrvZoneCategory category, const std::string& name,
+                                   int zone, std::size_t valuesPerEntity,
+                                   const std::vector<double>& values) {
+  if (case_.tables.findVariable(name) == nullptr) {
+    base::Variable variable;
+    variable.id = static_cast<int>(case_.tables.variables.size() + 1);
+    variable.name = name;
+    case_.tables.variables.push_back(variable);
+  }
+  auto& list = arrays().variables[{phase, category}];
+  auto known = std::find_if(list.begin(), list.end(),
+                            [&name](const auto& entry) { return entry.first == name; });
+  if (known == list.end()) {
+    list.emplace_back(name, VariableData{});
+    known = std::prev(list.end());
+  }
+  known->second.valuesPerEntity = valuesPerEntity;
+  known->second.zones[zone] = Slice<double>(values);
+  return *this;
+}
+
+std::shared_ptr<Case> CaseBuilder::build() {
+  for (auto& entry : case_.data) {
+    if (entry.first.target != targetRestart) {
+      continue;
+    }
+    base::MeshTables& mesh = case_.mesh(entry.first);
+    for (const base::Family side : {base::Family::faceCell0, base::Family::faceCell1}) {
+      const auto& list = entry.second.faceIds(side);
+      for (const int zone : list.zones()) {
+        const Slice<std::uint64_t>& cells = *list.find(zone);
+        relateZones(mesh, zone, side == base::Family::faceCell0 ? 0 : 1, cells.data(),
+                    cells.size());
+      }
+    }
+  }
+  return std::make_shared<Case>(case_);
+}
+
+}  // namespace velto::memory

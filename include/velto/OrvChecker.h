@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// OrvChecker: tells what is wrong with a case file.
+
+#ifndef VELTO_ORV_CHECKER_H
+#define VELTO_ORV_CHECKER_H
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "velto/export.h"
+
+#include "data_access/OrvTypes.h"
+#include "data_access/fwd.h"
+
+namespace velto {
+
+/// Validates a case file and keeps what it finds as two lists of texts.
+///
+///     velto::OrvChecker checker;
+///     checker.setCheckLevel(2);
+///     if (!checker.checkCase("duct.orv")) {
+///       for (const std::string& error : checker.getErrors()) { ... }
+///     }
+///
+/// A check that finds a defect records it and the walk over meshes, targets and partitions goes on;
+/// an error inside the data-access library ends the walk. Each entry of the lists reads
+/// "<step> : <message>". The lists only grow: a checker that is used for a second file keeps what
+/// the first one left.
+///
+/// A checker owns the case that it opened until its next checkCase or its destruction, whichever
+/// comes first. One thread at a time may use a checker, and all copies that share its case.
+class VELTO_EXPORT OrvChecker {
+ public:
+  OrvChecker();
+
+  /// Copies share the case that is open: whichever releases it first releases it for all of them.
+  /// An assignment does not release the case that its target held.
+  OrvChecker(const OrvChecker& other);
+  OrvChecker& operator=(const OrvChecker& other);
+
+  virtual ~OrvChecker();
+
+  /// What is shown while running. Messages are recorded whatever the value is.
+  ///   0 or less  nothing
+  ///   1          errors and warnings on standard error (default)
+  ///   2          and details on standard output: version, sizes, zones
+  ///   3          and each step on standard output, each bad id on standard error
+  ///   4          and each cell with the wrong number of faces on standard output
+  void setVerbosity(int value);
+
+  /// Which checks run: below 1 those of the file as a whole, 1 those of the zone tables as well
+  /// (default), 2 those of the connectivity as well.
+  void setCheckLevel(int value);
+
+  /// Checks only this mesh; 0 and less (default 0) stand for all.
+  void setMeshId(int value);
+
+  /// Checks only this partition of partitioned post targets; -1 (default) stands for all. Restart
+  /// and post targets are not filtered.
+  void setPartitionId(int value);
+
+  /// Checks only the target that is named "restart", "post" or "ppost"; any other text (default)
+  /// stands for all. The comparison is exact.
+  void setTarget(const std::string& word);
+
+  /// With true, leaves out the location model and the physics objects that refer to it.
+  void setNoLM(bool value);
+
+  /// Checks a case file. True when the list of errors is empty, also of errors that an earlier call
+  /// left; false for a file of a newer major version, which is only a warning.
+  ///
+  /// Throws nothing of its own; what the data-access library throws reaches the caller, and the
+  /// checker stays usable.
+  bool checkCase(const std::string& fileName);
+
+  /// What was recorded, oldest first. The references stay valid as long as the checker does.
+  const std::vector<std::string>& getErrors() const;
+  const std::vector<std::string>& getWarnings() const;
+
+ private:
+  /// The open case, shared by the copies of a checker.
+  struct ProviderSlot;
+
+  // OrvChecker.cpp: the log, the walk and its steps in their order
+  void addError(int level, const std::string& message);
+  void addWarning(int level, const std::string& message);
+  void displayStep(const std::string& step, const std::string& detail);
+  bool checkORVErrors();
+  OrvFileProvider* openProvider() const;
+  void releaseProvider();
+  bool openCase(const std::string& fileName);
+  bool walkMesh(int mesh, std::set<int>& targetsMet);
+  bool walkTarget(int mesh, int category, const std::vector<int>& partitions);
+  bool checkSelected();
+
+  // file_checks.cpp: the file as a whole, and the sizes of a mesh
+  bool checkVersion(OrvDataClass dataClass);
+  bool checkSolverType();
+  bool checkMeshSize();
+
+  std::shared_ptr<ProviderSlot> provider;
+  int verbosity = 1;
+  int checkLevel = 1;
+  bool noLM = false;
+  int meshId = 0;
+  int partitionId = -1;
+  int target = -1;
+  std::string currentStep;
+  std::vector<std::string> errors;
+  std::vector<std::string> warnings;
+};
+
+}  // namespace velto
+
+#endif  // VELTO_ORV_CHECKER_H
