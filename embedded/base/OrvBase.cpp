@@ -39,6 +39,14 @@ std::string text(Number value) {
   }
 }
 
+std::string text(const std::vector<int>& values) {
+  std::string list;
+  for (const int value : values) {
+    list += (list.empty() ? "" : ", ") + text(value);
+  }
+  return "[" + list + "]";
+}
+
 /// Tells the observer, if there is one, of a call with its input arguments.
 template <class... Arguments>
 void observe(const OrvBase& object, const char* operation, const Arguments&... arguments) {
@@ -171,7 +179,7 @@ void OrvBase::setMeshUnits(const std::string& units) {
 }
 
 void OrvBase::setZoneIds(OrvZoneCategory category, const std::vector<int>& ids) {
-  observe(*this, "setZoneIds", category, ids.size());
+  observe(*this, "setZoneIds", category, ids);
   MeshTables& mesh = selectedTables(*this);
   mesh.zoneIds[category] = ids;
   for (const int id : ids) {
@@ -243,7 +251,6 @@ void OrvBase::getFaceZoneType(int zoneId, OrvFaceZoneType& type) const {
 namespace {
 
 void copyRelation(const std::vector<int>* relation, std::list<int>& ids) {
-  ids.clear();
   if (relation != nullptr) {
     ids.assign(relation->begin(), relation->end());
   }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The free functions and the version of the embedded library.
+// The free functions of the embedded library.
 
 #include "data_access/OrvUtilities.h"
-#include "data_access/OrvVersion.h"
 
 namespace velto {
 
@@ -39,16 +38,6 @@ bool OrvUtilities::splitString(const std::string& text, std::vector<std::string>
     begin = end + 1;
   }
   return parts.size() > before;
-}
-
-unsigned int OrvVersion::getMajor() {
-  return 1;
-}
-unsigned int OrvVersion::getMinor() {
-  return 0;
-}
-unsigned int OrvVersion::getPatch() {
-  return 0;
 }
 
 }  // namespace velto

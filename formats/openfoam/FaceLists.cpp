@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// FaceLists: offsets are summed up once, and kept where zones begin and end.
+
+#include "formats/openfoam/FaceLists.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace velto::openfoam {
+
+using memory::Slice;
+
+FaceLists::FaceLists(std::vector<short> counts, std::vector<std::uint64_t> ids,
+                     std::vector<std::uint64_t> places, bool allPlaces)
+    : counts_(std::make_shared<const std::vector<short>>(std::move(counts))),
+      ids_(std::make_shared<const std::vector<std::uint64_t>>(std::move(ids))) {
+  std::sort(places.begin(), places.end());
+  std::uint64_t offset = 0;
+  std::uint64_t face = 0;
+  for (const std::uint64_t place : places) {
+    for (; face < std::min(place, faceCount()); ++face) {
+      offset += static_cast<std::uint64_t>((*counts_)[face]);
+    }
+    offsets_[place] = offset;
+  }
+  if (allPlaces) {
+    allOffsets_.reserve(faceCount());
+    offset = 0;
+    for (const short count : *counts_) {
+      allOffsets_.push_back(offset);
+      offset += static_cast<std::uint64_t>(count);
+    }
+  }
+}
+
+namespace {
+
+/// Says a common count of all faces once instead of once a face.
+void settleCounts(memory::CountedData& nodes, Slice<short> counts) {
+  const bool uniform =
+      counts.size() > 0 && std::all_of(counts.begin(), counts.end(),
+                                       [&](short count) { return count == *counts.begin(); });
+  if (uniform) {
+    nodes.uniform = *counts.begin();
+  } else {
+    nodes.counts = std::move(counts);
+  }
+}
+
+}  // namespace
+
+FaceLists::Zone FaceLists::range(std::uint64_t first, std::uint64_t count) const {
+  Zone zone;
+  zone.count = count;
+  const std::uint64_t begin = offsets_.at(first);
+  const std::uint64_t end = std::max(begin, offsets_.at(first + count));
+  zone.nodes.ids = Slice<std::uint64_t>(ids_, begin, end - begin);
+  settleCounts(zone.nodes, Slice<short>(counts_, first, count));
+  return zone;
+}
+
+FaceLists::Zone FaceLists::gather(const std::vector<std::uint64_t>& order, std::uint64_t first,
+                                  std::uint64_t count) const {
+  Zone zone;
+  zone.count = count;
+  std::vector<short> counts(count, 0);
+  std::vector<std::uint64_t> ids;
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const std::uint64_t face = order[first + i];
+    if (face >= faceCount()) {
+      continue;
+    }
+    counts[i] = (*counts_)[face];
+    const auto begin = ids_->begin() + static_cast<std::ptrdiff_t>(allOffsets_[face]);
+    ids.insert(ids.end(), begin, begin + counts[i]);
+  }
+  zone.nodes.ids = Slice<std::uint64_t>(std::move(ids));
+  settleCounts(zone.nodes, Slice<short>(std::move(counts)));
+  return zone;
+}
+
+}  // namespace velto::openfoam

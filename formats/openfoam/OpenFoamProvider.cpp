@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// OpenFoamProvider: locate, read, assemble, serve.
+
+#include "formats/openfoam/OpenFoamProvider.h"
+
+#include <memory>
+
+#include "data_access/OrvVersion.h"
+
+#include "embedded/base/CaseError.h"
+#include "embedded/base/OrvBaseState.h"
+#include "embedded/base/Progress.h"
+#include "embedded/memory/MemoryProvider.h"
+#include "formats/openfoam/case_from_poly_mesh.h"
+#include "formats/openfoam/locate.h"
+#include "formats/openfoam/read_poly_mesh.h"
+
+namespace velto::openfoam {
+
+void OpenFoamProvider::open(const std::string& fileName, OrvDataClass dataClass) {
+  if (dataClass != dataClassCase) {
+    throw base::CaseError(fileName + ": results of OpenFOAM cases cannot be read, only the mesh");
+  }
+  auto opened = std::make_shared<memory::Case>();
+  // The files carry no version of ours: what this library makes of them is of its own version.
+  opened->tables.version = {static_cast<int>(OrvVersion::getMajor()),
+                            static_cast<int>(OrvVersion::getMinor()),
+                            static_cast<int>(OrvVersion::getPatch())};
+  opened->tables.solverType = "VELTO_GENERIC";
+  for (const MeshFolder& folder : meshFolders(fileName)) {
+    const auto progress = [&](std::uint64_t done, std::uint64_t total) {
+      base::reportProgress("reading " + folder.path, done, total);
+    };
+    const base::MeshKey key{1, targetRestart, folder.partition};
+    for (const std::string& warning :
+         addPolyMesh(*opened, key, readPolyMesh(folder.path, progress))) {
+      base::coreOf(*this).messages.addWarning(warning);
+    }
+  }
+  serve(opened->tables, memory::arraysOf(opened));
+}
+
+}  // namespace velto::openfoam

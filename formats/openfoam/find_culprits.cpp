@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Culprits of each kind, file by file. The loops over all entries only compare; words are made for
+// what is wrong.
+
+#include "formats/openfoam/find_culprits.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <map>
+#include <optional>
+
+#include "formats/openfoam/Culprits.h"
+
+namespace velto::openfoam {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string text(std::uint64_t number) {
+  return std::to_string(number);
+}
+
+void judgePoints(const PolyMesh& mesh, Texts& warnings) {
+  Culprits bad(mesh.pointsFile, "points with a coordinate that is no finite number");
+  for (std::size_t i = 0; i + 2 < mesh.points.size(); i += 3) {
+    const double* point = &mesh.points[i];
+    // A sum of finite coordinates is finite, or overflows for coordinates that are no lengths.
+    if (!std::isfinite(point[0] + point[1] + point[2])) {
+      bad.add([&] {
+        return "point " + text(i / 3) + " is (" + std::to_string(point[0]) + " " +
+               std::to_string(point[1]) + " " + std::to_string(point[2]) +
+               "), finite numbers are expected";
+      });
+    }
+  }
+  bad.appendTo(warnings);
+}
+
+void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
+  Culprits small(mesh.facesFile, "faces of fewer than 3 nodes");
+  for (std::size_t face = 0; face < mesh.faceNodeCounts.size(); ++face) {
+    if (mesh.faceNodeCounts[face] < 3) {
+      small.add([&] {
+        return "face " + text(face) + " has " + std::to_string(mesh.faceNodeCounts[face]) +
+               " nodes, at least 3 are expected";
+      });
+    }
+  }
+  small.appendTo(warnings);
+
+  const std::uint64_t nodes = mesh.points.size() / 3;
+  const auto isOutside = [nodes](std::uint64_t id) { return id - 1 >= nodes; };
+  if (std::none_of(mesh.faceNodeIds.begin(), mesh.faceNodeIds.end(), isOutside)) {
+    return;
+  }
+  Culprits outside(mesh.facesFile, "node labels out of range");
+  std::size_t next = 0;
+  for (std::size_t face = 0; face < mesh.faceNodeCounts.size(); ++face) {
+    const auto count = static_cast<std::size_t>(mesh.faceNodeCounts[face]);
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint64_t id = mesh.faceNodeIds[next + i];
+      if (isOutside(id)) {
+        outside.add([&] {
+          return "face " + text(face) + ", node " + text(i) + ": label " + labelText(id) +
+                 " is out of range, allowed are " + rangeText(nodes);
+        });
+      }
+    }
+    next += count;
+  }
+  outside.appendTo(warnings);
+}
+
+void judgeCellLabels(const std::string& file, const std::vector<std::uint64_t>& labels,
+                     std::size_t count, std::uint64_t cells, Texts& warnings) {
+  Culprits outside(file, "cell labels out of range");
+  for (std::size_t face = 0; face < count; ++face) {
+    if (labels[face] - 1 >= cells) {
+      outside.add([&] {
+        return "face " + text(face) + ": label " + labelText(labels[face]) +
+               " is out of range, allowed are " + rangeText(cells);
+      });
+    }
+  }
+  outside.appendTo(warnings);
+}
+
+void judgeCells(const PolyMesh& mesh, const CellSurvey& survey, Texts& warnings) {
+  Culprits same(mesh.neighbourFile, "faces with one cell on both sides");
+  for (std::size_t face = 0; face < survey.internalFaces; ++face) {
+    if (mesh.owner[face] == mesh.neighbour[face]) {
+      same.add([&] {
+        return "face " + text(face) + ": label " + labelText(mesh.neighbour[face]) +
+               " is the face's owner too, two cells are expected";
+      });
+    }
+  }
+  same.appendTo(warnings);
+  Culprits open(mesh.ownerFile, "cells of fewer than 4 faces");
+  for (std::size_t cell = 0; cell < survey.cells.size(); ++cell) {
+    if (survey.cells[cell].total() < 4) {
+      open.add([&] {
+        return "cell " + text(cell) + " has " + text(survey.cells[cell].total()) +
+               " faces, at least 4 are expected";
+      });
+    }
+  }
+  open.appendTo(warnings);
+}
+
+std::string place(const Patch& patch) {
+  return "line " + text(patch.line) + ", patch " + patch.name;
+}
+
+void judgePatchRanges(const PolyMesh& mesh, const CellSurvey& survey, Texts& warnings) {
+  Culprits gaps(mesh.boundaryFile, "gaps before patches");
+  Culprits overlaps(mesh.boundaryFile, "overlaps of patches");
+  Culprits beyond(mesh.boundaryFile, "patches past the last face");
+  const std::uint64_t faces = mesh.faceNodeCounts.size();
+  std::vector<const Patch*> patches;
+  for (const Patch& patch : mesh.patches) {
+    // An empty patch covers nothing, wherever it starts.
+    if (patch.faceCount > 0) {
+      patches.push_back(&patch);
+    }
+  }
+  std::stable_sort(patches.begin(), patches.end(),
+                   [](const Patch* a, const Patch* b) { return a->firstFace < b->firstFace; });
+  std::uint64_t covered = survey.internalFaces;
+  const std::string internal = "the internal faces end at " + text(covered);
+  std::string before = internal;
+  for (const Patch* patch : patches) {
+    const std::string starts = place(*patch) + ": startFace is " + text(patch->firstFace) + ", " +
+                               before + ", startFace " + text(covered) + " is expected";
+    if (patch->firstFace > covered) {
+      gaps.add([&] { return starts; });
+    } else if (patch->firstFace < covered) {
+      overlaps.add([&] { return starts; });
+    }
+    const std::uint64_t end = patch->firstFace + patch->faceCount;
+    if (end < patch->firstFace || end > faces) {
+      beyond.add([&] {
+        return place(*patch) + ": startFace " + text(patch->firstFace) + " and nFaces " +
+               text(patch->faceCount) + " reach past the last face, the mesh has " + text(faces) +
+               " faces";
+      });
+    }
+    covered = std::max(covered, end);
+    before = "patch " + patch->name + " ends at " + text(covered);
+  }
+  if (covered < faces) {
+    gaps.add([&] {
+      return text(faces - covered) + " faces from " + text(covered) + " on are in no patch, " +
+             before;
+    });
+  }
+  overlaps.appendTo(warnings);
+  gaps.appendTo(warnings);
+  beyond.appendTo(warnings);
+}
+
+void judgePairs(const PolyMesh& mesh, Texts& warnings) {
+  Culprits bad(mesh.boundaryFile, "cyclic patches without their other half");
+  std::map<std::string, const Patch*> byName;
+  for (const Patch& patch : mesh.patches) {
+    byName.emplace(patch.name, &patch);
+  }
+  for (const Patch& patch : mesh.patches) {
+    if (patch.type != "cyclic" || patch.neighbourPatch.empty()) {
+      continue;
+    }
+    const auto partner = byName.find(patch.neighbourPatch);
+    if (partner == byName.end()) {
+      bad.add([&] {
+        return place(patch) + ": neighbourPatch " + patch.neighbourPatch + " is no patch";
+      });
+    } else if (partner->second->neighbourPatch != patch.name) {
+      bad.add([&] {
+        return place(patch) + ": neighbourPatch " + patch.neighbourPatch +
+               " does not name it in return";
+      });
+    } else if (partner->second->faceCount != patch.faceCount) {
+      bad.add([&] {
+        return place(patch) + ": nFaces is " + text(patch.faceCount) + ", that of its other half " +
+               patch.neighbourPatch + " is " + text(partner->second->faceCount);
+      });
+    }
+  }
+  bad.appendTo(warnings);
+}
+
+/// Labels of zones of cells or faces: each in range and in one zone.
+void judgeZones(const std::string& file, const std::string& element,
+                const std::vector<ElementZone>& zones, std::uint64_t count, Texts& warnings) {
+  if (zones.empty()) {
+    return;
+  }
+  Culprits outside(file, element + " labels out of range");
+  Culprits twice(file, element + "s in two zones");
+  std::vector<bool> claimed(count);
+  for (const ElementZone& zone : zones) {
+    for (std::size_t i = 0; i < zone.labels.size(); ++i) {
+      const std::int64_t label = zone.labels[i];
+      if (label < 0 || static_cast<std::uint64_t>(label) >= count) {
+        outside.add([&] {
+          return "zone " + zone.name + ", entry " + text(i) + ": label " + std::to_string(label) +
+                 " is out of range, allowed are " + rangeText(count);
+        });
+        continue;
+      }
+      const auto position = static_cast<std::size_t>(label);
+      if (claimed[position]) {
+        twice.add([&] {
+          return "zone " + zone.name + ", entry " + text(i) + ": " + element + " " +
+                 text(position) + " is in a zone already";
+        });
+      }
+      claimed[position] = true;
+    }
+  }
+  outside.appendTo(warnings);
+  twice.appendTo(warnings);
+}
+
+void judgeNote(const PolyMesh& mesh, const CellSurvey& survey, Texts& warnings) {
+  if (!mesh.note) {
+    return;
+  }
+  const auto compare = [&](const char* name, const std::optional<std::uint64_t>& noted,
+                           std::uint64_t found) {
+    if (noted && *noted != found) {
+      warnings.push_back(mesh.ownerFile + ": the note in the header says " + name + ":" +
+                         text(*noted) + ", the files hold " + text(found));
+    }
+  };
+  compare("nPoints", mesh.note->nodes, mesh.points.size() / 3);
+  compare("nCells", mesh.note->cells, survey.cellCount());
+  compare("nFaces", mesh.note->faces, mesh.faceNodeCounts.size());
+  compare("nInternalFaces", mesh.note->internalFaces, survey.internalFaces);
+}
+
+}  // namespace
+
+std::vector<std::string> findCulprits(const PolyMesh& mesh, const CellSurvey& survey) {
+  Texts warnings;
+  judgePoints(mesh, warnings);
+  judgeFaceNodes(mesh, warnings);
+  judgeCellLabels(mesh.ownerFile, mesh.owner, mesh.owner.size(), survey.cellCount(), warnings);
+  judgeCellLabels(mesh.neighbourFile, mesh.neighbour, survey.internalFaces, survey.cellCount(),
+                  warnings);
+  judgeCells(mesh, survey, warnings);
+  judgePatchRanges(mesh, survey, warnings);
+  judgePairs(mesh, warnings);
+  judgeZones(mesh.cellZonesFile, "cell", mesh.cellZones, survey.cellCount(), warnings);
+  judgeZones(mesh.faceZonesFile, "face", mesh.faceZones, mesh.faceNodeCounts.size(), warnings);
+  judgeNote(mesh, survey, warnings);
+  return warnings;
+}
+
+}  // namespace velto::openfoam

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: Apache-2.0
+// Lists of faces: node loops in text, start offsets and node labels in binary.
+//
+//   faceList         N ( 4(1 22 463 442) 3(7 8 9) ... )         in old binary files: 4(raw)
+//   faceCompactList  N+1 ( start offsets, the first 0 )  M ( all node labels )
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+#include "formats/openfoam/binary_blocks.h"
+#include "formats/openfoam/characters.h"
+#include "formats/openfoam/read_lists.h"
+
+namespace velto::openfoam {
+
+namespace {
+
+constexpr std::uint64_t kMostNodes = std::numeric_limits<std::int16_t>::max();
+constexpr std::uint64_t kTextBytesOfFace = 3;  // 0()
+constexpr std::uint64_t kUsualNodes = 4;
+constexpr EntryNames kFaces = {"face", "faces"};
+constexpr EntryNames kNodeLabels = {"node label", "node labels"};
+constexpr EntryNames kStarts = {"start offset", "start offsets"};
+
+// Appends the face at `p`, blanks before it skipped, if it has the common form N(a b c) and lies
+// within the window, which ends with a NUL. Returns where it ends; nullptr, and nothing appended,
+// for any other form.
+const char* commonFace(const char* p, std::vector<std::int16_t>& counts,
+                       std::vector<std::uint64_t>& ids) {
+  constexpr std::size_t kMostCommonNodes = 99;
+  while (isBlank(*p)) {
+    ++p;
+  }
+  std::size_t count = 0;
+  for (; isDigit(*p) && count <= kMostCommonNodes; ++p) {
+    count = count * 10 + static_cast<std::size_t>(*p - '0');
+  }
+  if (*p != '(' || count == 0 || count > kMostCommonNodes) {
+    return nullptr;
+  }
+  ++p;
+  const std::size_t old = ids.size();
+  ids.resize(old + count);
+  for (std::size_t i = old; i < old + count && p != nullptr; ++i) {
+    p = commonLabel(p, ids[i]);
+  }
+  while (p != nullptr && isBlank(*p)) {
+    ++p;
+  }
+  if (p == nullptr || *p != ')') {
+    ids.resize(old);
+    return nullptr;
+  }
+  counts.push_back(static_cast<std::int16_t>(count));
+  return p + 1;
+}
+
+std::uint64_t takeCommonFaces(ByteSource& bytes, std::uint64_t most,
+                              std::vector<std::int16_t>& counts, std::vector<std::uint64_t>& ids) {
+  std::uint64_t done = 0;
+  while (done < most) {
+    const char* const end = commonFace(bytes.begin(), counts, ids);
+    if (end == nullptr) {
+      break;
+    }
+    bytes.moveTo(end);
+    ++done;
+  }
+  return done;
+}
+
+// Any face: a list of labels of its own.
+void readFace(Scanner& scanner, FileForm& form, const ListHead& faces, std::uint64_t index,
+              std::vector<std::int16_t>& counts, std::vector<std::uint64_t>& ids) {
+  const int first = scanner.next();
+  if (!isDigit(static_cast<char>(first)) && first != '-' && first != '(') {
+    scanner.fail(entryName(kFaces, faces, index));
+  }
+  const Place place = scanner.place();
+  const std::size_t old = ids.size();
+  readLabels(scanner, form, kNodeLabels, kMostNodes, ids);
+  const std::size_t count = ids.size() - old;
+  if (count > kMostNodes) {
+    scanner.fail(place, "a face of at most 32767 nodes", "one of " + std::to_string(count));
+  }
+  counts.push_back(static_cast<std::int16_t>(count));
+}
+
+void readFaceList(Scanner& scanner, FileForm& form, std::vector<std::int16_t>& counts,
+                  std::vector<std::uint64_t>& ids) {
+  const ListHead head = openList(scanner, false, kFaces);
+  if (head.kind == ListHead::Kind::kEmpty) {
+    return;
+  }
+  if (head.kind == ListHead::Kind::kUniform) {
+    scanner.fail(head.place, "faces one by one", "a list of equal faces");
+  }
+  const std::uint64_t count = head.count.value_or(std::numeric_limits<std::uint64_t>::max());
+  const std::uint64_t left = scanner.bytes().likelyBytesLeft();
+  const std::uint64_t likely = std::min(head.count.value_or(0), left / kTextBytesOfFace);
+  counts.reserve(static_cast<std::size_t>(likely));
+  ids.reserve(static_cast<std::size_t>(std::min(likely * kUsualNodes, left / 2)));
+  for (std::uint64_t done = 0; done < count;) {
+    if (!form.binary) {
+      done += takeCommonFaces(scanner.bytes(), count - done, counts, ids);
+    }
+    if (done == count || (!head.count && scanner.next() == ')')) {
+      break;
+    }
+    readFace(scanner, form, head, done, counts, ids);
+    ++done;
+  }
+  closeList(scanner, kFaces, head);
+}
+
+// Turns start offsets, each as offset + 1, into the faces' numbers of nodes.
+class StartOffsets {
+ public:
+  StartOffsets(Scanner& scanner, const FileForm& form) : scanner_(scanner), form_(form) {}
+
+  void read(FileForm& form) {
+    scanner_.next();
+    place_ = scanner_.place();
+    readLabels(scanner_, form, kStarts, 0, starts_);
+    behind_ = scanner_.place();
+  }
+
+  void toCounts(std::uint64_t nodeLabels, std::vector<std::int16_t>& counts) {
+    if (starts_.empty() && nodeLabels == 0) {
+      return;
+    }
+    if (starts_.empty() || starts_.front() != 1) {
+      fail(0, "to be 0");
+    }
+    counts.resize(starts_.size() - 1);
+    for (std::size_t i = 1; i < starts_.size(); ++i) {
+      const std::uint64_t count = starts_[i] - starts_[i - 1];
+      if (static_cast<std::int64_t>(starts_[i] - 1) <
+          static_cast<std::int64_t>(starts_[i - 1] - 1)) {
+        fail(i, "to be at least " + text(i - 1));
+      }
+      if (count > kMostNodes) {
+        fail(i, "to be at most 32767 more than " + text(i - 1));
+      }
+      counts[i - 1] = static_cast<std::int16_t>(count);
+    }
+    if (starts_.back() - 1 != nodeLabels) {
+      fail(starts_.size() - 1, "to be " + std::to_string(nodeLabels) +
+                                   ", the number of node labels behind the start offsets");
+    }
+  }
+
+ private:
+  std::string text(std::size_t index) const {
+    return std::to_string(static_cast<std::int64_t>(starts_[index] - 1));
+  }
+
+  // In binary content the entry's own place, counted back from the parenthesis behind the block.
+  [[noreturn]] void fail(std::size_t index, const std::string& expected) {
+    Place place = place_;
+    if (form_.binary && !starts_.empty()) {
+      const auto bytesOfLabel = static_cast<std::uint64_t>(form_.labelBits) / 8;
+      place = {0, behind_.byte - 1 - (starts_.size() - index) * bytesOfLabel};
+    }
+    scanner_.fail(place, "start offset " + std::to_string(index + 1) + " " + expected,
+                  starts_.empty() ? "none" : "\"" + text(index) + "\"");
+  }
+
+  Scanner& scanner_;
+  const FileForm& form_;
+  std::vector<std::uint64_t> starts_;
+  Place place_;
+  Place behind_;
+};
+
+}  // namespace
+
+void readFaces(Scanner& scanner, FileForm& form, std::vector<std::int16_t>& counts,
+               std::vector<std::uint64_t>& ids) {
+  if (!form.compact) {
+    readFaceList(scanner, form, counts, ids);
+    return;
+  }
+  StartOffsets starts(scanner, form);
+  starts.read(form);
+  readLabels(scanner, form, kNodeLabels, 0, ids);
+  starts.toCounts(ids.size(), counts);
+}
+
+}  // namespace velto::openfoam

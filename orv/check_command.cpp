@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// orv check: runs the checker on each file and says the verdict.
+
+#include <algorithm>
+#include <exception>
+#include <fmt/format.h>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "velto/OrvChecker.h"
+
+#include "orv/ProgressBar.h"
+#include "orv/commands.h"
+
+namespace velto::orv {
+
+namespace {
+
+enum class Verdict { sound, errors, notChecked };
+
+struct FileResult {
+  std::string file;
+  Verdict verdict = Verdict::notChecked;
+  std::vector<std::string> errors;
+  std::vector<std::string> warnings;
+};
+
+/// An error without a step was recorded before any check ran: the file could not be opened. No
+/// error and yet no success is a file of a newer version.
+Verdict verdictOf(bool succeeded, const std::vector<std::string>& errors, bool strictlyWarned) {
+  if (errors.empty() && !succeeded) {
+    return Verdict::notChecked;
+  }
+  if (!errors.empty() && errors.front().compare(0, 3, " : ") == 0) {
+    return Verdict::notChecked;
+  }
+  return errors.empty() && !strictlyWarned ? Verdict::sound : Verdict::errors;
+}
+
+FileResult checkFile(const std::string& file, const CheckOptions& options) {
+  FileResult result;
+  result.file = file;
+  OrvChecker checker;
+  checker.setCheckLevel(options.level);
+  checker.setVerbosity(options.quiet || options.json ? 0 : options.verbosity);
+  checker.setMeshId(options.mesh);
+  checker.setPartitionId(options.partition);
+  checker.setTarget(options.target);
+  checker.setNoLM(options.noLocationModel);
+  try {
+    const bool succeeded = checker.checkCase(file);
+    result.verdict =
+        verdictOf(succeeded, checker.getErrors(), options.strict && !checker.getWarnings().empty());
+    result.errors = checker.getErrors();
+  } catch (const std::exception& error) {
+    result.errors = checker.getErrors();
+    result.errors.push_back(std::string(" : the check ended early: ") + error.what());
+    if (!options.quiet && !options.json) {
+      std::cerr << "orv: " << file << ": the check ended early: " << error.what() << std::endl;
+    }
+  }
+  result.warnings = checker.getWarnings();
+  return result;
+}
+
+std::string counted(std::size_t count, const std::string& noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+std::string verdictLine(const FileResult& result) {
+  const std::string counts =
+      counted(result.errors.size(), "error") + ", " + counted(result.warnings.size(), "warning");
+  switch (result.verdict) {
+    case Verdict::sound:
+      return fmt::format("{}: sound ({})", result.file, counts);
+    case Verdict::errors:
+      return fmt::format("{}: not sound ({})", result.file, counts);
+    case Verdict::notChecked:
+      break;
+  }
+  return fmt::format("{}: not checked ({})", result.file, counts);
+}
+
+std::string totalLine(const std::vector<FileResult>& results) {
+  const auto having = [&](Verdict verdict) {
+    return std::count_if(results.begin(), results.end(),
+                         [verdict](const FileResult& r) { return r.verdict == verdict; });
+  };
+  return fmt::format("{} files: {} sound, {} not sound, {} not checked", results.size(),
+                     having(Verdict::sound), having(Verdict::errors), having(Verdict::notChecked));
+}
+
+/// "<step> : <message>" as two fields.
+nlohmann::ordered_json messageJson(const std::string& text) {
+  const std::size_t separator = text.find(" : ");
+  if (separator == std::string::npos) {
+    return {{"step", ""}, {"message", text}};
+  }
+  return {{"step", text.substr(0, separator)}, {"message", text.substr(separator + 3)}};
+}
+
+nlohmann::ordered_json messagesJson(const std::vector<std::string>& texts) {
+  nlohmann::ordered_json list = nlohmann::ordered_json::array();
+  for (const std::string& text : texts) {
+    list.push_back(messageJson(text));
+  }
+  return list;
+}
+
+const char* verdictWord(Verdict verdict) {
+  if (verdict == Verdict::notChecked) {
+    return "not checked";
+  }
+  return verdict == Verdict::sound ? "sound" : "not sound";
+}
+
+void printJson(const std::vector<FileResult>& results, const CheckOptions& options) {
+  nlohmann::ordered_json files = nlohmann::ordered_json::array();
+  for (const FileResult& result : results) {
+    files.push_back({{"file", result.file},
+                     {"verdict", verdictWord(result.verdict)},
+                     {"errors", messagesJson(result.errors)},
+                     {"warnings", messagesJson(result.warnings)}});
+  }
+  const nlohmann::ordered_json report = {
+      {"orv", ORV_VERSION},
+      {"level", options.level},
+      {"strict", options.strict},
+      {"files", files},
+  };
+  // Names and texts of a damaged file may be no UTF-8: the output stays valid.
+  std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+}
+
+int statusOf(const std::vector<FileResult>& results) {
+  int status = exitSound;
+  for (const FileResult& result : results) {
+    const int own = result.verdict == Verdict::sound    ? exitSound
+                    : result.verdict == Verdict::errors ? exitErrors
+                                                        : exitNotDone;
+    status = std::max(status, own);
+  }
+  return status;
+}
+
+}  // namespace
+
+int runCheck(const CheckOptions& options) {
+  const bool isText = !options.quiet && !options.json;
+  std::vector<FileResult> results;
+  ProgressBar progress(isText);
+  for (const std::string& file : options.files) {
+    if (isText && options.files.size() > 1) {
+      std::cerr << file << ":" << std::endl;
+    }
+    results.push_back(checkFile(file, options));
+    if (isText) {
+      std::cout << verdictLine(results.back()) << std::endl;
+    }
+  }
+  if (options.json) {
+    printJson(results, options);
+  } else if (isText && results.size() > 1) {
+    std::cout << totalLine(results) << std::endl;
+  }
+  return statusOf(results);
+}
+
+}  // namespace velto::orv

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// orv: the command line.
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+
+#include "orv/commands.h"
+
+namespace {
+
+using namespace velto::orv;
+
+const char* const kFooter =
+    "Results go to standard output, messages to standard error.\n"
+    "Exit status: 0 sound or done, 1 the case has errors, 2 the command could not be carried out.";
+
+void addCheck(CLI::App& app, CheckOptions& options) {
+  CLI::App* check = app.add_subcommand("check", "Say whether case files are sound");
+  check->add_option("FILE", options.files, "Case files or folders")->required();
+  check
+      ->add_option("-l,--level", options.level,
+                   "0 the file as a whole, 1 zone tables, 2 connectivity")
+      ->check(CLI::Range(0, 2))
+      ->capture_default_str();
+  check
+      ->add_option("-v,--verbosity", options.verbosity,
+                   "0 nothing, 1 messages, 2 details, 3 steps, 4 single cells")
+      ->check(CLI::Range(0, 4))
+      ->capture_default_str();
+  check->add_option("-m,--mesh", options.mesh, "Check only the mesh with this id")
+      ->check(CLI::PositiveNumber);
+  check
+      ->add_option("-p,--partition", options.partition,
+                   "Check only this partition of partitioned post targets")
+      ->check(CLI::NonNegativeNumber);
+  check->add_option("-t,--target", options.target, "Check only this target: restart, post or ppost")
+      ->check(CLI::IsMember({"restart", "post", "ppost"}));
+  check->add_flag("--no-location-model", options.noLocationModel,
+                  "Leave out the location model and the physics objects that refer to it");
+  check->add_flag("--strict", options.strict, "Let warnings count as errors");
+  check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
+  check->add_flag("--json", options.json, "Print one JSON document instead of text");
+  check->footer(
+      "Examples:\n"
+      "  orv check constant/polyMesh           an OpenFOAM mesh\n"
+      "  orv check case/ --level 2             a case folder, with its connectivity\n"
+      "  orv check a/ b/ --quiet && run        go on only if both are sound\n"
+      "  orv check case/ --json > report.json  for other programs\n\n" +
+      std::string(kFooter));
+}
+
+void addInfo(CLI::App& app, InfoOptions& options) {
+  CLI::App* info = app.add_subcommand("info", "Show what case files hold");
+  info->add_option("FILE", options.files, "Case files or folders")->required();
+  info->add_flag("--json", options.json, "Print one JSON document instead of text");
+  info->footer(
+      "Examples:\n"
+      "  orv info constant/polyMesh\n"
+      "  orv info case/ --json | jq '.files[0].meshes[0].sizes'\n\n" +
+      std::string(kFooter));
+}
+
+void addFormats(CLI::App& app, FormatsOptions& options) {
+  CLI::App* formats =
+      app.add_subcommand("formats", "List the formats that can be read and written");
+  formats->add_flag("--json", options.json, "Print one JSON document instead of text");
+  formats->footer("Example:\n  orv formats\n\n" + std::string(kFooter));
+}
+
+int run(int argc, char** argv) {
+  CLI::App app("orv checks and explains case files of fluid-simulation programs.", "orv");
+  app.set_version_flag("--version", std::string("orv ") + ORV_VERSION);
+  app.require_subcommand(1);
+  app.footer(
+      "Examples:\n"
+      "  orv check constant/polyMesh\n"
+      "  orv info case/\n"
+      "  orv check --help\n\n" +
+      std::string(kFooter));
+  CheckOptions check;
+  InfoOptions info;
+  FormatsOptions formats;
+  addCheck(app, check);
+  addInfo(app, info);
+  addFormats(app, formats);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? exitSound : exitNotDone;
+  }
+  if (app.got_subcommand("check")) {
+    return runCheck(check);
+  }
+  return app.got_subcommand("info") ? runInfo(info) : runFormats(formats);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "orv: " << error.what() << std::endl;
+    return exitNotDone;
+  }
+}
