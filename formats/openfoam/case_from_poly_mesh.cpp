@@ -245,14 +245,16 @@ class Assembler {
   }
 
   void relate() {
+    const base::CellZoneRanges cellZones(tables_);
     for (const FaceZone& zone : faceZones_) {
       const Slice<std::uint64_t>& side0 = arrays_.faceCell0[zone.id];
-      base::relateZones(tables_, zone.id, 0, side0.data(), side0.size());
+      base::relateZones(tables_, cellZones, zone.id, 0, side0.data(), side0.size());
       if (zone.isInternal) {
         const Slice<std::uint64_t>& side1 = arrays_.faceCell1[zone.id];
-        base::relateZones(tables_, zone.id, 1, side1.data(), side1.size());
+        base::relateZones(tables_, cellZones, zone.id, 1, side1.data(), side1.size());
       }
     }
+    base::deriveBoundingFaceZones(tables_);
   }
 
   struct FaceZone {

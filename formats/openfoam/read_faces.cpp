@@ -16,6 +16,7 @@ namespace velto::openfoam {
 namespace {
 
 constexpr std::uint64_t kMostNodes = std::numeric_limits<std::int16_t>::max();
+constexpr std::uint64_t kMostEqualNodes = 16;  // of a face written as N{a}, which no mesher writes
 constexpr std::uint64_t kTextBytesOfFace = 3;  // 0()
 constexpr std::uint64_t kUsualNodes = 4;
 constexpr EntryNames kFaces = {"face", "faces"};
@@ -34,6 +35,9 @@ const char* commonFace(const char* p, std::vector<std::int16_t>& counts,
   std::size_t count = 0;
   for (; isDigit(*p) && count <= kMostCommonNodes; ++p) {
     count = count * 10 + static_cast<std::size_t>(*p - '0');
+  }
+  while (isBlank(*p)) {
+    ++p;
   }
   if (*p != '(' || count == 0 || count > kMostCommonNodes) {
     return nullptr;
@@ -78,7 +82,7 @@ void readFace(Scanner& scanner, FileForm& form, const ListHead& faces, std::uint
   }
   const Place place = scanner.place();
   const std::size_t old = ids.size();
-  readLabels(scanner, form, kNodeLabels, kMostNodes, ids);
+  readLabels(scanner, form, kNodeLabels, kMostEqualNodes, ids);
   const std::size_t count = ids.size() - old;
   if (count > kMostNodes) {
     scanner.fail(place, "a face of at most 32767 nodes", "one of " + std::to_string(count));

@@ -176,12 +176,20 @@ std::optional<std::uint8_t> readFlag(Scanner& scanner) {
   return static_cast<std::uint8_t>(isTrue ? 1 : 0);
 }
 
-std::uint8_t requireFlag(Scanner& scanner, const std::string& name) {
-  const std::optional<std::uint8_t> flag = readFlag(scanner);
-  if (!flag) {
-    scanner.fail(name);
+void readTextFlags(Scanner& scanner, const EntryNames& names, const ListHead& head,
+                   std::vector<std::uint8_t>& flags) {
+  const std::uint64_t count = head.count.value_or(std::numeric_limits<std::uint64_t>::max());
+  for (std::uint64_t done = 0; done < count; ++done) {
+    if (!head.count && scanner.next() == ')') {
+      break;
+    }
+    const std::optional<std::uint8_t> flag = readFlag(scanner);
+    if (!flag) {
+      scanner.fail(entryName(names, head, done));
+    }
+    flags.push_back(*flag);
   }
-  return *flag;
+  closeList(scanner, names, head);
 }
 
 }  // namespace
@@ -264,20 +272,16 @@ ListHead::Kind readFlags(Scanner& scanner, bool binary, const EntryNames& names,
                          std::uint64_t mostEqual, std::vector<std::uint8_t>& flags) {
   const ListHead head = openList(scanner, binary, names);
   if (head.kind == ListHead::Kind::kUniform) {
-    const std::uint8_t flag = requireFlag(scanner, std::string("one value for all ") + names.many);
+    const std::optional<std::uint8_t> flag = readFlag(scanner);
+    if (!flag) {
+      scanner.fail(std::string("one value for all ") + names.many);
+    }
     closeUniform(scanner, head, names, mostEqual);
-    flags.insert(flags.end(), static_cast<std::size_t>(*head.count), flag);
+    flags.insert(flags.end(), static_cast<std::size_t>(*head.count), *flag);
   } else if (head.kind == ListHead::Kind::kEntries && binary) {
     readFlagBlock(scanner, names, head, flags);
   } else if (head.kind == ListHead::Kind::kEntries) {
-    const std::uint64_t count = head.count.value_or(std::numeric_limits<std::uint64_t>::max());
-    for (std::uint64_t done = 0; done < count; ++done) {
-      if (!head.count && scanner.next() == ')') {
-        break;
-      }
-      flags.push_back(requireFlag(scanner, entryName(names, head, done)));
-    }
-    closeList(scanner, names, head);
+    readTextFlags(scanner, names, head, flags);
   }
   return head.kind;
 }

@@ -27,7 +27,7 @@ using ReadProgress = std::function<void(std::uint64_t done, std::uint64_t total)
 ///
 /// Errors: ReadError, for the first thing found that cannot be read: a file that is missing, cut or
 /// of another form, a count that does not match, an owner list that is not as long as the faces, a
-/// neighbour list that is longer.
+/// neighbour list that is longer. std::bad_alloc where the memory does not suffice.
 PolyMesh readPolyMesh(const std::string& folder, const ReadProgress& progress = {});
 
 }  // namespace velto::openfoam

@@ -61,20 +61,31 @@ class ZoneReader {
  private:
   void readEntry(const std::string& keyword) {
     if (keyword == labelsKeyword_) {
+      requireFirst(keyword, hasLabels_);
       zone_.labels = readLabelEntry(skipType(kLabelList));
       hasLabels_ = true;
     } else if (keyword == "flipMap") {
-      zone_.flipMap = readFlipEntry(skipType(kFlagList));
+      requireFirst(keyword, zone_.oriented);
+      // A map of equal flips is usual, and is no longer than the labels, if these came before it.
+      std::uint64_t labels = zone_.labels.size();
+      zone_.flipMap = readFlipEntry(skipType(kFlagList), hasLabels_ ? labels : equalEntries_);
       zone_.oriented = true;
     } else if (skipType(kLabelList)) {
       readLabelEntry(true);
     } else if (skipType(kFlagList)) {
-      readFlipEntry(true);
+      readFlipEntry(true, equalEntries_);
     } else {
       readEntryText(scanner_, keyword);
       return;
     }
     scanner_.expect(';', "\";\" behind the list of the entry " + keyword);
+  }
+
+  void requireFirst(const std::string& keyword, bool isSecond) {
+    if (isSecond) {
+      scanner_.fail(scanner_.place(), "one entry " + keyword + " in zone " + quoted(zone_.name),
+                    "a second one");
+    }
   }
 
   // Skips the type of a list, if that is what comes next.
@@ -102,13 +113,12 @@ class ZoneReader {
     return labels;
   }
 
-  // A map of equal flips is usual, and is no longer than the labels, if these came before it.
-  std::vector<std::uint8_t> readFlipEntry(bool typed) {
+  // `equalFlips`: how many of them are believed; what a list of equal ones had is taken away.
+  std::vector<std::uint8_t> readFlipEntry(bool typed, std::uint64_t& equalFlips) {
     std::vector<std::uint8_t> flips;
-    const std::uint64_t limit = hasLabels_ ? zone_.labels.size() : equalEntries_;
-    const auto kind = readFlags(scanner_, form_.binary && typed, kFlips, limit, flips);
-    if (kind == ListHead::Kind::kUniform && !hasLabels_) {
-      equalEntries_ -= flips.size();
+    const auto kind = readFlags(scanner_, form_.binary && typed, kFlips, equalFlips, flips);
+    if (kind == ListHead::Kind::kUniform) {
+      equalFlips -= flips.size();
     }
     return flips;
   }

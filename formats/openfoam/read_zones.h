@@ -16,7 +16,7 @@ namespace velto::openfoam {
 /// or "faceLabels"), text or binary; entries of other names are skipped.
 /// `elementCount`: lists of equal labels may not have more entries than this in all.
 /// Errors: ReadError if the list is broken or has another number of zones than it says, if a zone
-/// has no labels, or if it has a flipMap of another length than its labels.
+/// has no labels or labels twice, or if it has a flipMap of another length than its labels.
 std::vector<ElementZone> readZones(Scanner& scanner, FileForm form, const char* labelsKeyword,
                                    std::uint64_t elementCount);
 

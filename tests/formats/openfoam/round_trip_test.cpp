@@ -203,7 +203,9 @@ INSTANTIATE_TEST_SUITE_P(AllForms, RoundTrip,
                                   options()[std::get<1>(row.param)].name;
                          });
 
-TEST_F(FolderTest, KeepsLabelsOfSixtyFourBits) {
+using UnusualMeshes = FolderTest;
+
+TEST_F(UnusualMeshes, KeepLabelsOfSixtyFourBits) {
   BoxMesh box = testing::makeBox(1, 1, 1);
   box.owner = {std::numeric_limits<std::int64_t>::max(),
                std::numeric_limits<std::int64_t>::min(),
@@ -222,7 +224,7 @@ TEST_F(FolderTest, KeepsLabelsOfSixtyFourBits) {
   }
 }
 
-TEST_F(FolderTest, KeepsFacesOfAllSizes) {
+TEST_F(UnusualMeshes, KeepFacesOfAllSizes) {
   BoxMesh box = testing::makeBox(1, 1, 1);
   box.faceOffsets = {0};
   box.faceNodes.clear();

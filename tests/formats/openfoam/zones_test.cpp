@@ -77,6 +77,8 @@ TEST_F(Zones, MayHaveOtherEntries) {
       "cellZones",
       "1(c { type cellZone; inGroups 1(x); sub { a \"}\"; } other List<label> 2(8 9); flags List<bool> 2(0 1); cellLabels List<label> 1(0); })");
   EXPECT_EQ(read().cellZones[0].labels, (Labels{0}));
+  writeList("cellZones", "1(c { flags List<bool> 4{0}; cellLabels 1(0); more List<label> 3{0}; })");
+  EXPECT_EQ(error(), "cellZones: line 2: expected at most 2 equal labels, found \"3\"");
 }
 
 TEST_F(Zones, AreReadInBinary) {
@@ -142,6 +144,11 @@ INSTANTIATE_TEST_SUITE_P(
             "faceZones: line 3: expected 2 flips in the flipMap of zone \"f\", one for each label, found 1"},
         BadZone{"TooManyEqualFlips", "1(f { faceLabels 2(0 1); flipMap 3{0}; })",
                 "faceZones: line 2: expected at most 2 equal flips, found \"3\""},
+        BadZone{
+            "LabelsTwice", "1(f { faceLabels 1(0);\nfaceLabels 1(1); })",
+            "faceZones: line 3: expected one entry faceLabels in zone \"f\", found a second one"},
+        BadZone{"FlipsTwice", "1(f { faceLabels 1(0); flipMap 1{0};\nflipMap 1{0}; })",
+                "faceZones: line 3: expected one entry flipMap in zone \"f\", found a second one"},
         BadZone{"FlipOfTwo", "1(f { faceLabels 2(0 1); flipMap 2(0 2); })",
                 "faceZones: line 2: expected flip 2 of 2, found \"2\""},
         BadZone{"EqualLabelsInAll", "2(f { faceLabels 4{0}; } g { faceLabels 3{0}; })",
