@@ -131,14 +131,16 @@ bool OrvChecker::checkORVErrors() {
   }
   if (source->hasWarning()) {
     for (const std::string& text : source->getWarnings(true, true)) {
-      addWarning(1, "ORV - " + withoutPrefix(text, "Warning:\n\t"));
+      const std::string reason = withoutPrefix(text, "Warning:\n\t");
+      addWarning(1, "ORV - " + reason);
     }
   }
   if (!source->hasError()) {
     return true;
   }
   for (const std::string& text : source->getErrors(true, true)) {
-    addError(1, "ORV - " + withoutPrefix(text, "Error:\n\t"));
+    const std::string reason = withoutPrefix(text, "Error:\n\t");
+    addError(1, "ORV - " + reason);
   }
   return false;
 }

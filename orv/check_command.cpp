@@ -40,6 +40,11 @@ Verdict verdictOf(bool succeeded, const std::vector<std::string>& errors, bool s
   return errors.empty() && !strictlyWarned ? Verdict::sound : Verdict::errors;
 }
 
+/// Whether the checker found no provider for the file.
+bool isUnknown(const std::vector<std::string>& errors) {
+  return !errors.empty() && errors.front() == " : Not a ORV file (cannot setup provider)";
+}
+
 FileResult checkFile(const std::string& file, const CheckOptions& options) {
   FileResult result;
   result.file = file;
@@ -55,6 +60,10 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
     result.verdict =
         verdictOf(succeeded, checker.getErrors(), options.strict && !checker.getWarnings().empty());
     result.errors = checker.getErrors();
+    if (!options.quiet && !options.json && isUnknown(result.errors)) {
+      std::cerr << "orv: " << file
+                << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
+    }
   } catch (const std::exception& error) {
     result.errors = checker.getErrors();
     result.errors.push_back(std::string(" : the check ended early: ") + error.what());

@@ -8,7 +8,6 @@
 #include "data_access/OrvVersion.h"
 
 #include "embedded/base/OrvBaseState.h"
-#include "embedded/base/zone_relations.h"
 
 namespace velto::base {
 
@@ -55,6 +54,9 @@ void CaseConsumer::startWriting(OrvDataClass dataClass) {
 void CaseConsumer::endWriting(OrvDataClass dataClass) {
   for (auto& mesh : coreOf(*this).tables.meshes) {
     deriveElementCounts(mesh.second);
+    if (mesh.first.target == targetRestart) {
+      deriveBoundingFaceZones(mesh.second);
+    }
   }
   guarded("end of writing", [&] { finish(dataClass); });
 }
@@ -128,16 +130,22 @@ void CaseConsumer::writeFaceNodeIds(int zoneId, const std::uint64_t* ids, std::s
 void CaseConsumer::endFaceNodeIds() {}
 void CaseConsumer::endFaceNodes() {}
 
+void CaseConsumer::beginSide(Family family, const std::vector<int>& zoneIds) {
+  begin(family, zoneIds);
+  const MeshTables* mesh = coreOf(*this).mesh();
+  cellZones_ = mesh == nullptr ? CellZoneRanges() : CellZoneRanges(*mesh);
+}
+
 void CaseConsumer::writeSide(int side, int zoneId, const std::uint64_t* cellIds, std::size_t n) {
   CaseCore& core = coreOf(*this);
   if (core.selection.target == targetRestart) {
-    relateZones(core.tables.meshes[core.selection], zoneId, side, cellIds, n);
+    relateZones(core.tables.meshes[core.selection], cellZones_, zoneId, side, cellIds, n);
   }
   writeIds(side == 0 ? Family::faceCell0 : Family::faceCell1, zoneId, cellIds, n);
 }
 
 void CaseConsumer::beginFaceCell0(const std::vector<int>& zoneIds) {
-  begin(Family::faceCell0, zoneIds);
+  beginSide(Family::faceCell0, zoneIds);
 }
 
 void CaseConsumer::writeFaceCell0(int zoneId, const std::uint64_t* cellIds, std::size_t n) {
@@ -147,7 +155,7 @@ void CaseConsumer::writeFaceCell0(int zoneId, const std::uint64_t* cellIds, std:
 void CaseConsumer::endFaceCell0() {}
 
 void CaseConsumer::beginFaceCell1(const std::vector<int>& zoneIds) {
-  begin(Family::faceCell1, zoneIds);
+  beginSide(Family::faceCell1, zoneIds);
 }
 
 void CaseConsumer::writeFaceCell1(int zoneId, const std::uint64_t* cellIds, std::size_t n) {

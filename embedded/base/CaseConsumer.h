@@ -15,6 +15,7 @@
 
 #include "embedded/base/CaseTables.h"
 #include "embedded/base/MeshArrays.h"
+#include "embedded/base/zone_relations.h"
 
 namespace velto::base {
 
@@ -126,11 +127,13 @@ class CaseConsumer : public OrvFileConsumer {
 
   void begin(Family family, const std::vector<int>& zoneIds);
   void writeIds(Family family, int zoneId, const std::uint64_t* ids, std::size_t n);
+  void beginSide(Family family, const std::vector<int>& zoneIds);
   void writeSide(int side, int zoneId, const std::uint64_t* cellIds, std::size_t n);
 
   std::map<OrvDataClass, std::string> fileNames_;
   unsigned int compression_ = 0;
-  VariableKey variable_;  // the phase, and the variable, that are open
+  CellZoneRanges cellZones_;  // of the mesh whose face cells are being written
+  VariableKey variable_;      // the phase, and the variable, that are open
 };
 
 }  // namespace velto::base

@@ -7,61 +7,59 @@
 
 #include <algorithm>
 #include <set>
-#include <vector>
 
 namespace velto::base {
 
-namespace {
-
-struct Range {
-  std::uint64_t first;
-  std::uint64_t last;
-  int zone;
-};
-
-std::vector<Range> cellRanges(const MeshTables& mesh) {
-  std::vector<Range> ranges;
+CellZoneRanges::CellZoneRanges(const MeshTables& mesh) {
   for (const int zone : mesh.idsOf(zoneCategoryCell)) {
-    ranges.push_back({mesh.zoneSize(zone, zoneFirstId), mesh.zoneSize(zone, zoneLastId), zone});
+    ranges_.push_back({mesh.zoneSize(zone, zoneFirstId), mesh.zoneSize(zone, zoneLastId), zone});
   }
-  std::sort(ranges.begin(), ranges.end(),
+  std::sort(ranges_.begin(), ranges_.end(),
             [](const Range& a, const Range& b) { return a.first < b.first; });
-  return ranges;
 }
 
-void addOnce(std::vector<int>& list, int id) {
-  if (std::find(list.begin(), list.end(), id) == list.end()) {
-    list.push_back(id);
+const CellZoneRanges::Range* CellZoneRanges::find(std::uint64_t cell) const {
+  const auto after =
+      std::upper_bound(ranges_.begin(), ranges_.end(), cell,
+                       [](std::uint64_t id, const Range& range) { return id < range.first; });
+  if (cell == 0 || after == ranges_.begin() || std::prev(after)->last < cell) {
+    return nullptr;
   }
+  return &*std::prev(after);
 }
 
-}  // namespace
-
-void relateZones(MeshTables& mesh, int faceZone, int side, const std::uint64_t* cells,
-                 std::size_t n) {
-  const std::vector<Range> ranges = cellRanges(mesh);
+void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const std::uint64_t* cells, std::size_t n) {
   std::set<int> zones;
-  std::uint64_t first = 1;
-  std::uint64_t last = 0;
+  CellZoneRanges::Range last{1, 0, 0};
   for (std::size_t i = 0; i < n; ++i) {
-    const std::uint64_t cell = cells[i];
-    if (cell >= first && cell <= last) {
+    if (cells[i] >= last.first && cells[i] <= last.last) {
       continue;
     }
-    const auto after =
-        std::upper_bound(ranges.begin(), ranges.end(), cell,
-                         [](std::uint64_t id, const Range& range) { return id < range.first; });
-    if (cell == 0 || after == ranges.begin() || std::prev(after)->last < cell) {
-      continue;
+    if (const CellZoneRanges::Range* found = ranges.find(cells[i])) {
+      last = *found;
+      zones.insert(last.zone);
     }
-    first = std::prev(after)->first;
-    last = std::prev(after)->last;
-    zones.insert(std::prev(after)->zone);
   }
-  auto& sideZones = mesh.zones[faceZone].sideCellZones.at(static_cast<std::size_t>(side));
-  for (const int zone : zones) {
-    addOnce(sideZones, zone);
-    addOnce(mesh.zones[zone].boundingFaceZones, faceZone);
+  mesh.zones[faceZone]
+      .sideCellZones.at(static_cast<std::size_t>(side))
+      .assign(zones.begin(), zones.end());
+}
+
+void deriveBoundingFaceZones(MeshTables& mesh) {
+  for (const int zone : mesh.idsOf(zoneCategoryCell)) {
+    mesh.zones[zone].boundingFaceZones.clear();
+  }
+  for (const int faceZone : mesh.idsOf(zoneCategoryFace)) {
+    const auto sides = mesh.zones[faceZone].sideCellZones;
+    for (const std::vector<int>& side : sides) {
+      for (const int cellZone : side) {
+        std::vector<int>& bounding = mesh.zones[cellZone].boundingFaceZones;
+        if (bounding.empty() || bounding.back() != faceZone) {
+          bounding.push_back(faceZone);
+        }
+      }
+    }
   }
 }
 

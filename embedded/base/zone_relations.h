@@ -7,16 +7,39 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "embedded/base/CaseTables.h"
 
 namespace velto::base {
 
-/// Enters into the tables that the cells on `side` (0 or 1) of a face zone lie in the cell zones
-/// that hold `cells`, in the face zone's list and in the lists of those cell zones. Ids of 0 and
-/// ids that no cell zone holds are passed over. The ranges of the cell zones must stand in `mesh`.
-void relateZones(MeshTables& mesh, int faceZone, int side, const std::uint64_t* cells,
-                 std::size_t n);
+/// The id ranges of the cell zones of a mesh, in ascending order; made once and searched often.
+class CellZoneRanges {
+ public:
+  CellZoneRanges() = default;
+  explicit CellZoneRanges(const MeshTables& mesh);
+
+  struct Range {
+    std::uint64_t first;
+    std::uint64_t last;
+    int zone;
+  };
+
+  /// The range that holds a cell, or null.
+  const Range* find(std::uint64_t cell) const;
+
+ private:
+  std::vector<Range> ranges_;
+};
+
+/// Enters into the tables in which cell zones the cells on `side` (0 or 1) of a face zone lie. Ids
+/// of 0 and ids that no cell zone holds are passed over.
+void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const std::uint64_t* cells, std::size_t n);
+
+/// Turns that relation round: lists for each cell zone the face zones that have it on a side, in
+/// the order of the face zones.
+void deriveBoundingFaceZones(MeshTables& mesh);
 
 /// Sets the element count of each zone that has a first and a last id but no count.
 void deriveElementCounts(MeshTables& mesh);

@@ -207,20 +207,23 @@ CaseBuilder& CaseBuilder::variable(short phase, OrvZoneCategory category, const 
 
 std::shared_ptr<Case> CaseBuilder::build() {
   for (auto& entry : case_.data) {
-    if (entry.first.target != targetRestart) {
-      continue;
-    }
-    base::MeshTables& mesh = case_.mesh(entry.first);
-    for (const base::Family side : {base::Family::faceCell0, base::Family::faceCell1}) {
-      const auto& list = entry.second.faceIds(side);
-      for (const int zone : list.zones()) {
-        const Slice<std::uint64_t>& cells = *list.find(zone);
-        relateZones(mesh, zone, side == base::Family::faceCell0 ? 0 : 1, cells.data(),
-                    cells.size());
-      }
+    if (entry.first.target == targetRestart) {
+      relate(case_.mesh(entry.first), entry.second);
     }
   }
   return std::make_shared<Case>(case_);
+}
+
+void CaseBuilder::relate(base::MeshTables& mesh, const MeshData& data) {
+  const base::CellZoneRanges cellZones(mesh);
+  for (const int side : {0, 1}) {
+    const auto& list = side == 0 ? data.faceCell0 : data.faceCell1;
+    for (const int zone : list.zones()) {
+      const Slice<std::uint64_t>& cells = *list.find(zone);
+      relateZones(mesh, cellZones, zone, side, cells.data(), cells.size());
+    }
+  }
+  deriveBoundingFaceZones(mesh);
 }
 
 }  // namespace velto::memory

@@ -84,6 +84,8 @@ class CaseBuilder {
   base::ZoneRecord& addZone(OrvZoneCategory category, OrvMeshSizeType total, int zone,
                             const std::string& name, std::uint64_t count);
 
+  static void relate(base::MeshTables& mesh, const MeshData& data);
+
   Case case_;
   base::MeshKey key_;
 };

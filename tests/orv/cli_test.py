@@ -1,0 +1,228 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""orv as a user meets it: whole outputs, exit statuses, JSON that fits its schema.
+
+Usage: cli_test.py ORV MAKE_POLYMESH SCHEMA
+"""
+
+import json
+import os
+import pathlib
+import pty
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import jsonschema
+
+ORV, MAKE_POLYMESH, SCHEMA = sys.argv[1:4]
+
+
+class CommandLine(unittest.TestCase):
+    """Runs in a folder of its own that holds a sound mesh and damaged ones."""
+
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        for name, damage in (("sound", None), ("label", "node-id"), ("cut", "truncated")):
+            command = [MAKE_POLYMESH, f"{cls.folder.name}/{name}", "2", "1", "1"]
+            subprocess.run(command + (["--damage", damage] if damage else []), check=True)
+        pathlib.Path(cls.folder.name, "notes.txt").write_text("no mesh\n", encoding="utf-8")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.folder.cleanup()
+
+    def orv(self, *arguments):
+        """Exit status, standard output and standard error."""
+        done = subprocess.run([ORV, *arguments], cwd=self.folder.name, capture_output=True,
+                              check=False)
+        return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+    def report(self, *arguments):
+        """The JSON of `check --json`, which has to fit the schema, and the exit status."""
+        status, out, err = self.orv("check", "--json", *arguments)
+        self.assertEqual(err, "")
+        report = json.loads(out)
+        jsonschema.validate(report, json.loads(pathlib.Path(SCHEMA).read_text(encoding="utf-8")))
+        return status, report
+
+
+LABEL_WARNING = ("ORV - label/faces: face 0, node 0: label 18 is out of range, "
+                 "allowed are 0 to 11")
+
+CUT_REASON = 'cut/points: line 13: expected "(" before 12 points, found the end of the file'
+
+
+class Check(CommandLine):
+    def test_says_that_a_sound_mesh_is_sound(self):
+        self.assertEqual(self.orv("check", "sound"),
+                         (0, "sound: sound (0 errors, 0 warnings)\n", ""))
+
+    def test_takes_a_file_of_the_mesh(self):
+        self.assertEqual(self.orv("check", "sound/owner"),
+                         (0, "sound/owner: sound (0 errors, 0 warnings)\n", ""))
+
+    def test_shows_warnings_on_standard_error(self):
+        self.assertEqual(self.orv("check", "-l", "0", "label"),
+                         (0, "label: sound (0 errors, 1 warning)\n",
+                          f"Warning: checkVersion: {LABEL_WARNING}\n"))
+
+    def test_counts_warnings_when_strict(self):
+        self.assertEqual(self.orv("check", "-l", "0", "--strict", "label"),
+                         (1, "label: not sound (0 errors, 1 warning)\n",
+                          f"Warning: checkVersion: {LABEL_WARNING}\n"))
+
+    def test_tells_why_a_mesh_cannot_be_read(self):
+        self.assertEqual(self.orv("check", "cut"),
+                         (2, "cut: not checked (2 errors, 0 warnings)\n",
+                          "Error: : Error reading ORV file\n"
+                          f"Error: : ORV - {CUT_REASON}\n"))
+
+    def test_tells_that_a_file_is_missing(self):
+        self.assertEqual(self.orv("check", "nothing"),
+                         (2, "nothing: not checked (1 error, 0 warnings)\n",
+                          "Error: : Error: No such file / unreadable\n"))
+
+    def test_says_where_to_look_when_no_format_knows_a_file(self):
+        self.assertEqual(self.orv("check", "notes.txt"),
+                         (2, "notes.txt: not checked (1 error, 0 warnings)\n",
+                          "Error: : Not a ORV file (cannot setup provider)\n"
+                          "orv: notes.txt: no format knows this file; `orv formats` lists what can "
+                          "be read\n"))
+
+    def test_is_silent_when_quiet(self):
+        self.assertEqual(self.orv("check", "--quiet", "sound"), (0, "", ""))
+        self.assertEqual(self.orv("check", "--quiet", "notes.txt", "cut"), (2, "", ""))
+        self.assertEqual(self.orv("check", "--quiet", "-l", "0", "--strict", "label"), (1, "", ""))
+
+    def test_heads_and_sums_up_several_files(self):
+        status, out, err = self.orv("check", "-l", "0", "sound", "label", "nothing")
+        self.assertEqual(status, 2)
+        self.assertEqual(out, "sound: sound (0 errors, 0 warnings)\n"
+                              "label: sound (0 errors, 1 warning)\n"
+                              "nothing: not checked (1 error, 0 warnings)\n"
+                              "3 files: 2 sound, 0 not sound, 1 not checked\n")
+        self.assertEqual(err, "sound:\n"
+                              "label:\n"
+                              f"Warning: checkVersion: {LABEL_WARNING}\n"
+                              "nothing:\n"
+                              "Error: : Error: No such file / unreadable\n")
+
+    def test_shows_details_on_request(self):
+        status, out, err = self.orv("check", "-v", "2", "-l", "0", "sound")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(out, "Version: 1.0.0\n"
+                              "Processing mesh : 1\n"
+                              "Processing target : 0\n"
+                              "sound: sound (0 errors, 0 warnings)\n")
+
+    def test_passes_over_other_meshes_and_targets(self):
+        for filter_ in (["--mesh", "2"], ["--target", "post"]):
+            self.assertEqual(self.orv("check", "sound", *filter_),
+                             (0, "sound: sound (0 errors, 0 warnings)\n", ""))
+
+    def test_writes_json(self):
+        status, report = self.report("-l", "0", "sound", "label", "cut")
+        self.assertEqual(status, 2)
+        self.assertEqual((report["level"], report["strict"]), (0, False))
+        self.assertEqual(report["files"], [
+            {"file": "sound", "verdict": "sound", "errors": [], "warnings": []},
+            {"file": "label", "verdict": "sound", "errors": [],
+             "warnings": [{"step": "checkVersion", "message": LABEL_WARNING}]},
+            {"file": "cut", "verdict": "not checked", "warnings": [],
+             "errors": [{"step": "", "message": "Error reading ORV file"},
+                        {"step": "", "message": f"ORV - {CUT_REASON}"}]},
+        ])
+
+    def test_writes_valid_json_for_odd_names(self):
+        odd = "\"quoted\"\n\u00e9 \\ name"
+        status, report = self.report("-l", "0", odd)
+        self.assertEqual((status, report["files"][0]["file"]), (2, odd))
+        status, report = self.report("-l", "0", os.fsdecode(b"bytes \xff"))
+        self.assertEqual((status, report["files"][0]["file"]), (2, "bytes \ufffd"))
+
+    def test_shows_no_progress_for_short_work_on_a_terminal(self):
+        ours, theirs = pty.openpty()
+        with subprocess.Popen([ORV, "check", "sound"], cwd=self.folder.name, stderr=theirs,
+                              stdout=subprocess.PIPE) as process:
+            out = process.stdout.read()
+        os.write(theirs, b"end")
+        self.assertEqual((out, os.read(ours, 100)),
+                         (b"sound: sound (0 errors, 0 warnings)\n", b"end"))
+        os.close(ours)
+        os.close(theirs)
+
+
+class Info(CommandLine):
+    def test_shows_the_tables_of_a_mesh(self):
+        status, out, err = self.orv("info", "sound")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(out, """sound
+  version 1.0.0, solver type VELTO_GENERIC, no location model
+
+mesh 1, restart: 3-D, 12 nodes, 11 faces, 2 cells, unit m
+  zone  kind  name      type      shape          elements  ids       cell zones  shadow
+     1  node  nodes                                    12  1 to 12
+     2  face  interior  interior  quadrilateral         1  1 to 1    9 | 9
+     3  face  xMin      patch     quadrilateral         1  2 to 2    9 | -
+     4  face  xMax      patch     quadrilateral         1  3 to 3    9 | -
+     5  face  yMin      wall      quadrilateral         2  4 to 5    9 | -
+     6  face  yMax      wall      quadrilateral         2  6 to 7    9 | -
+     7  face  zMin      wall      quadrilateral         2  8 to 9    9 | -
+     8  face  zMax      wall      quadrilateral         2  10 to 11  9 | -
+     9  cell  cells               hexahedron            2  1 to 2
+""")
+
+    def test_writes_json(self):
+        status, out, err = self.orv("info", "--json", "sound")
+        self.assertEqual((status, err), (0, ""))
+        case = json.loads(out)["files"][0]
+        self.assertEqual(case["solverType"], "VELTO_GENERIC")
+        mesh = case["meshes"][0]
+        self.assertEqual(mesh["sizes"], {"dimension": 3, "nodes": 12, "faces": 11, "cells": 2})
+        self.assertEqual(mesh["zones"][1], {
+            "id": 2, "kind": "face", "name": "interior", "elements": 1, "firstId": 1, "lastId": 1,
+            "shape": "quadrilateral", "type": "interior", "typeId": 2, "shadow": 0,
+            "cellZones": [[9], [9]]})
+
+    def test_says_why_a_file_cannot_be_shown(self):
+        self.assertEqual(self.orv("info", "nothing", "notes.txt", "cut"), (
+            2, "", "orv: nothing: no such file or folder\n"
+                   "orv: notes.txt: no format knows this file; `orv formats` lists what can be "
+                   "read\n"
+                   f"Error: cut: {CUT_REASON}\n"))
+
+
+class Other(CommandLine):
+    def test_lists_the_formats(self):
+        status, out, err = self.orv("formats")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual([line.split()[0] for line in out.splitlines()],
+                         ["name", "openfoam", "memory"])
+        status, out, _ = self.orv("formats", "--json")
+        self.assertEqual((status, [f["name"] for f in json.loads(out)["formats"]]),
+                         (0, ["openfoam", "memory"]))
+
+    def test_explains_itself(self):
+        for arguments in (["--help"], ["check", "--help"], ["info", "--help"],
+                          ["formats", "--help"]):
+            status, out, err = self.orv(*arguments)
+            self.assertEqual((status, err), (0, ""))
+            self.assertIn("Example", out)
+            self.assertIn("Exit status: 0 sound or done", out)
+        self.assertEqual(self.orv("--version")[0], 0)
+
+    def test_refuses_a_command_line_that_it_does_not_understand(self):
+        for arguments in ([], ["chekc"], ["check"], ["check", "sound", "--level", "7"],
+                          ["check", "sound", "--target", "Restart"], ["formats", "surplus"]):
+            status, out, err = self.orv(*arguments)
+            self.assertEqual((status, out), (2, ""), arguments)
+            self.assertNotEqual(err, "", arguments)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
