@@ -2,13 +2,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """orv as a user meets it: whole outputs, exit statuses, JSON that fits its schema.
 
-Usage: cli_test.py ORV MAKE_POLYMESH SCHEMA
+Usage: cli_test.py ORV MAKE_POLYMESH SCHEMA MESHES
 """
 
 import json
 import os
 import pathlib
 import pty
+import re
 import subprocess
 import sys
 import tempfile
@@ -16,7 +17,7 @@ import unittest
 
 import jsonschema
 
-ORV, MAKE_POLYMESH, SCHEMA = sys.argv[1:4]
+ORV, MAKE_POLYMESH, SCHEMA, MESHES = sys.argv[1:5]
 
 
 class CommandLine(unittest.TestCase):
@@ -222,6 +223,48 @@ class Other(CommandLine):
             status, out, err = self.orv(*arguments)
             self.assertEqual((status, out), (2, ""), arguments)
             self.assertNotEqual(err, "", arguments)
+
+
+class RealMeshes(CommandLine):
+    """Meshes that other programs made; skipped where they are not at hand."""
+
+    def mesh(self, name):
+        """The first mesh of `orv info --json`, after `orv check` found it sound."""
+        folder = pathlib.Path(MESHES, "openfoam", name)
+        if not folder.is_dir():
+            self.skipTest(f"{folder} is not here")
+        status, out, err = self.orv("check", "--strict", str(folder))
+        self.assertEqual((status, out, err),
+                         (0, f"{folder}: sound (0 errors, 0 warnings)\n", ""))
+        status, out, err = self.orv("info", "--json", str(folder))
+        self.assertEqual((status, err), (0, ""))
+        return folder, json.loads(out)["files"][0]["meshes"][0]
+
+    def expect_patches_of_boundary(self, folder, mesh):
+        boundary = (folder / "boundary").read_text(encoding="utf-8")
+        patches = [(name, kind, int(faces), int(start) + 1) for name, kind, faces, start in
+                   re.findall(r"(\w+)\s*{\s*type\s+(\w+);[^}]*nFaces\s+(\d+);\s*startFace\s+(\d+);",
+                              boundary)]
+        self.assertGreater(len(patches), 0)
+        self.assertEqual(patches, [(z["name"], z["type"], z["elements"], z["firstId"])
+                                   for z in mesh["zones"]
+                                   if z["kind"] == "face" and z["name"] != "interior"])
+
+    def test_wing_mirror_has_the_sizes_of_its_note(self):
+        folder, mesh = self.mesh("wingMirror")
+        note = dict(re.findall(r"(n\w+): (\d+)", (folder / "owner").read_text(encoding="utf-8")))
+        self.assertEqual(mesh["sizes"], {"dimension": 3, "nodes": int(note["nPoints"]),
+                                         "faces": int(note["nFaces"]),
+                                         "cells": int(note["nCells"])})
+        self.assertEqual(mesh["zones"][1]["elements"], int(note["nInternalFaces"]))
+        self.expect_patches_of_boundary(folder, mesh)
+
+    def test_air_foil_has_its_sizes_and_patches(self):
+        folder, mesh = self.mesh("airFoil2D")
+        self.assertEqual(mesh["sizes"],
+                         {"dimension": 3, "nodes": 21812, "faces": 43066, "cells": 10720})
+        self.assertEqual(mesh["zones"][1]["elements"], 21254)
+        self.expect_patches_of_boundary(folder, mesh)
 
 
 if __name__ == "__main__":
