@@ -15,7 +15,7 @@ namespace velto::orv {
 
 /// Shows itself only on a terminal, and only for work that takes longer than half a second; it is
 /// wiped away when the work is done.
-class ProgressBar : public factory::ProgressListener {
+class ProgressBar final : public factory::ProgressListener {
  public:
   /// With `wanted` false it stays silent everywhere.
   explicit ProgressBar(bool wanted);

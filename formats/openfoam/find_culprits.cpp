@@ -130,15 +130,16 @@ void judgePatchRanges(const PolyMesh& mesh, const CellSurvey& survey, Texts& war
   std::stable_sort(patches.begin(), patches.end(),
                    [](const Patch* a, const Patch* b) { return a->firstFace < b->firstFace; });
   std::uint64_t covered = survey.internalFaces;
-  const std::string internal = "the internal faces end at " + text(covered);
-  std::string before = internal;
+  std::string before = "the internal faces end at " + text(covered);
   for (const Patch* patch : patches) {
-    const std::string starts = place(*patch) + ": startFace is " + text(patch->firstFace) + ", " +
-                               before + ", startFace " + text(covered) + " is expected";
+    const auto startsElsewhere = [&] {
+      return place(*patch) + ": startFace is " + text(patch->firstFace) + ", " + before +
+             ", startFace " + text(covered) + " is expected";
+    };
     if (patch->firstFace > covered) {
-      gaps.add([&] { return starts; });
+      gaps.add(startsElsewhere);
     } else if (patch->firstFace < covered) {
-      overlaps.add([&] { return starts; });
+      overlaps.add(startsElsewhere);
     }
     const std::uint64_t end = patch->firstFace + patch->faceCount;
     if (end < patch->firstFace || end > faces) {

@@ -17,7 +17,7 @@ using testing::BoxMesh;
 using testing::makeBox;
 
 /// The warnings of a mesh, without prefix and folder, one a line.
-std::string warningsOf(const BoxMesh& mesh, testing::WriteOptions options = {}) {
+std::string warningsOf(const BoxMesh& mesh, const testing::WriteOptions& options = {}) {
   TempFolder temp;
   writePolyMesh(temp.path("m"), mesh, options);
   OpenFoamProvider provider;
