@@ -15,11 +15,11 @@ namespace velto::orv {
 
 /// Shows itself only on a terminal, and only for work that takes longer than half a second; it is
 /// wiped away when the work is done.
-class ProgressBar final : public factory::ProgressListener {
+class ProgressBar : public factory::ProgressListener {
  public:
   /// With `wanted` false it stays silent everywhere.
   explicit ProgressBar(bool wanted);
-  ~ProgressBar();
+  ~ProgressBar() override;
 
   void onProgress(const std::string& what, std::uint64_t done, std::uint64_t total) override;
 

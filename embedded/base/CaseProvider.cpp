@@ -182,15 +182,18 @@ void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
   listZones(family, zoneIds);
   elementIds_.open(rangesOf(zoneIds), [this, family](int zone, ZoneValues<std::uint64_t>& values) {
     guarded(nameOf(family, zone), [&] {
-      MeshArrays& source = *arrays();
-      const IdView view = source.viewIds(family, zone);
+      MeshArrays* source = arrays();
+      if (source == nullptr) {  // another mesh was selected since
+        return;
+      }
+      const IdView view = source->viewIds(family, zone);
       if (view.size > 0) {
         values.data = view.data;
         values.size = view.size;
         return;
       }
-      values.buffer.assign(source.idCount(family, zone), 0);
-      values.size = source.readIds(family, zone, values.buffer.data(), values.buffer.size());
+      values.buffer.assign(source->idCount(family, zone), 0);
+      values.size = source->readIds(family, zone, values.buffer.data(), values.buffer.size());
       values.data = values.buffer.data();
     });
   });

@@ -102,7 +102,9 @@ class ElementReader {
       return *values_.uniform;
     }
     first_ = range.first;
-    size_ = values_.size;
+    // A zone may hold more values than its range has ids; those belong to nobody.
+    const std::uint64_t behindFirst = range.last - range.first;
+    size_ = behindFirst < values_.size ? static_cast<std::size_t>(behindFirst) + 1 : values_.size;
     const std::uint64_t position = id - first_;
     return position < size_ ? values_.data[position] : Value{};
   }

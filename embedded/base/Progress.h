@@ -18,12 +18,10 @@ class ProgressListener {
   ProgressListener();
   ProgressListener(const ProgressListener&) = delete;
   ProgressListener& operator=(const ProgressListener&) = delete;
+  virtual ~ProgressListener();
 
   /// `what` is under way and has come to `done` of `total` (bytes or elements).
   virtual void onProgress(const std::string& what, std::uint64_t done, std::uint64_t total) = 0;
-
- protected:
-  ~ProgressListener();
 
  private:
   ProgressListener* before_;

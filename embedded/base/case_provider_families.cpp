@@ -163,14 +163,17 @@ void CaseProvider::beginCellTypes(std::vector<int>& zoneIds) {
   listZones(Family::cellTypes, zoneIds);
   elementTypes_.open(rangesOf(zoneIds), [this](int zone, ZoneValues<int>& values) {
     guarded("cell types of zone " + std::to_string(zone), [&] {
-      MeshArrays& source = *arrays();
+      MeshArrays* source = arrays();
+      if (source == nullptr) {  // another mesh was selected since
+        return;
+      }
       int type = 0;
-      if (source.uniformCellType(zone, type)) {
+      if (source->uniformCellType(zone, type)) {
         values.uniform = type;
         return;
       }
-      values.buffer.assign(source.idCount(Family::cellTypes, zone), 0);
-      values.size = source.readCellTypes(zone, values.buffer.data(), values.buffer.size());
+      values.buffer.assign(source->idCount(Family::cellTypes, zone), 0);
+      values.size = source->readCellTypes(zone, values.buffer.data(), values.buffer.size());
       values.data = values.buffer.data();
     });
   });

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The named cases. Nodes of the unit cube and of the box of two, seen from the front:
+//
+//        8-----7            10----11----12
+//       /|    /|            /|    /|    /|
+//      4-----3 |           4-----5-----6 |        z up is the second layer of numbers,
+//      | 5---|-6           | 7---|-8---|-9        y to the back, x to the right
+//      |/    |/            |/    |/    |/
+//      1-----2             1-----2-----3
+
+#include "testing/cases.h"
+
+#include "embedded/base/shapes.h"
+#include "embedded/memory/CaseBuilder.h"
+
+namespace velto::testing::cases {
+
+namespace {
+
+using base::boundaryPeriodic;
+using base::boundaryPeriodicShadow;
+using base::boundaryWall;
+using base::cellShapeHexahedron;
+using base::cellShapeQuadrilateral;
+using base::MeshKey;
+using memory::CaseBuilder;
+using memory::FaceLine;
+using memory::Slice;
+
+using Points = std::vector<std::vector<double>>;
+
+const Points& cubePoints() {
+  static const Points kPoints = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},
+                                 {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
+  return kPoints;
+}
+
+const Points& boxPoints() {
+  static const Points kPoints = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 1, 0},
+                                 {0, 0, 1}, {1, 0, 1}, {2, 0, 1}, {0, 1, 1}, {1, 1, 1}, {2, 1, 1}};
+  return kPoints;
+}
+
+/// The faces of the unit cube: left, right, front, back, bottom, top.
+std::vector<FaceLine> cubeFaces() {
+  return {{{1, 5, 8, 4}, 1}, {{2, 3, 7, 6}, 1}, {{1, 2, 6, 5}, 1},
+          {{4, 8, 7, 3}, 1}, {{1, 4, 3, 2}, 1}, {{5, 6, 7, 8}, 1}};
+}
+
+/// The boundary faces of the box of two, those of the first cell and those of the second.
+std::vector<FaceLine> firstWalls() {
+  return {{{1, 7, 10, 4}, 1},
+          {{1, 2, 8, 7}, 1},
+          {{4, 10, 11, 5}, 1},
+          {{1, 4, 5, 2}, 1},
+          {{7, 8, 11, 10}, 1}};
+}
+
+std::vector<FaceLine> secondWalls() {
+  return {{{3, 6, 12, 9}, 2},
+          {{2, 3, 9, 8}, 2},
+          {{5, 11, 12, 6}, 2},
+          {{2, 5, 6, 3}, 2},
+          {{8, 9, 12, 11}, 2}};
+}
+
+const FaceLine kBetween = {{2, 5, 11, 8}, 1, 2};
+
+/// Leaves of a case only its post targets, whose faces know no cells beside them.
+CasePtr asPost(CasePtr built) {
+  built->tables.meshes.erase(MeshKey{});
+  built->data.erase(MeshKey{});
+  for (auto& mesh : built->data) {
+    mesh.second.faceCell0 = {};
+    mesh.second.faceCell1 = {};
+  }
+  return built;
+}
+
+}  // namespace
+
+CasePtr oneHex() {
+  return CaseBuilder()
+      .units("m")
+      .nodes(1, "points", cubePoints())
+      .faces(2, "walls", boundaryWall, cubeFaces())
+      .cells(3, "fluid", cellShapeHexahedron, 1)
+      .build();
+}
+
+CasePtr twoHexes() {
+  std::vector<FaceLine> walls = firstWalls();
+  for (const FaceLine& wall : secondWalls()) {
+    walls.push_back(wall);
+  }
+  return CaseBuilder()
+      .units("m")
+      .nodes(1, "points", boxPoints())
+      .faces(2, "inside", faceZoneTypeInterior, {kBetween})
+      .faces(3, "walls", boundaryWall, walls)
+      .cells(4, "fluid", cellShapeHexahedron, 2)
+      .build();
+}
+
+CasePtr twoBodies() {
+  return CaseBuilder()
+      .units("m")
+      .nodes(1, "points", boxPoints())
+      .faces(2, "between", faceZoneType14, {kBetween})
+      .faces(3, "fluid walls", boundaryWall, firstWalls())
+      .faces(4, "solid walls", boundaryWall, secondWalls())
+      .cells(5, "fluid", cellShapeHexahedron, 1)
+      .cells(6, "solid", cellShapeHexahedron, 1)
+      .build();
+}
+
+CasePtr quad2d() {
+  return CaseBuilder(2)
+      .units("m")
+      .nodes(1, "points", {{0, 0}, {1, 0}, {2, 0}, {0, 1}, {1, 1}, {2, 1}})
+      .faces(2, "inside", faceZoneTypeInterior, {{{2, 5}, 1, 2}})
+      .faces(3, "rim", boundaryWall,
+             {{{1, 2}, 1}, {{5, 4}, 1}, {{4, 1}, 1}, {{2, 3}, 2}, {{3, 6}, 2}, {{6, 5}, 2}})
+      .cells(4, "sheet", cellShapeQuadrilateral, 2)
+      .build();
+}
+
+CasePtr periodicPair() {
+  const std::vector<FaceLine> faces = cubeFaces();
+  return CaseBuilder()
+      .units("m")
+      .nodes(1, "points", cubePoints())
+      .faces(2, "left", boundaryPeriodic, {faces[0]})
+      .faces(3, "right", boundaryPeriodicShadow, {faces[1]})
+      .faces(4, "walls", boundaryWall, {faces.begin() + 2, faces.end()})
+      .cells(5, "fluid", cellShapeHexahedron, 1)
+      .shadows(2, 3)
+      .build();
+}
+
+CasePtr postHex() {
+  return asPost(CaseBuilder()
+                    .mesh({1, targetPost, -1})
+                    .units("m")
+                    .nodes(1, "points", cubePoints())
+                    .faces(2, "walls", boundaryWall, cubeFaces())
+                    .cells(3, "fluid", cellShapeHexahedron, 1)
+                    .cellNodes(3, {{1, 2, 3, 4, 5, 6, 7, 8}})
+                    .build());
+}
+
+CasePtr withResults() {
+  CasePtr built =
+      CaseBuilder()
+          .units("m")
+          .nodes(1, "points", cubePoints())
+          .faces(2, "walls", boundaryWall, cubeFaces())
+          .cells(3, "fluid", cellShapeHexahedron, 1)
+          .phase(1, "water")
+          .phase(2, "air")
+          .variable(1, zoneCategoryNode, "temperature", 1, 1,
+                    {280, 281, 282, 283, 284, 285, 286, 287})
+          .variable(1, zoneCategoryNode, "velocity", 1, 3,
+                    {1, 0, 0, 2, 0, 0, 3, 0, 0, 4, 0, 0, 5, 0, 0, 6, 0, 0, 7, 0, 0, 8, 0, 0})
+          .variable(1, zoneCategoryCell, "pressure", 3, 1, {101325})
+          .variable(2, zoneCategoryCell, "fraction", 3, 1, {0.25})
+          .build();
+  built->tables.phases[0].description = "liquid";
+  built->tables.phases[0].attributes = {{"density", "998.2"}, {"kind", "fluid"}};
+  built->tables.variables[0].description = "static temperature";
+  built->tables.variables[0].attributes = {{"units", "K"}};
+  return built;
+}
+
+CasePtr withPartitions() {
+  CaseBuilder builder;
+  for (const int partition : {0, 1}) {
+    Points points = cubePoints();
+    for (std::vector<double>& point : points) {
+      point[0] += partition;
+    }
+    builder.mesh({1, targetPartitionedPost, partition})
+        .units("m")
+        .nodes(1, "points", points)
+        .faces(2, "walls", boundaryWall, cubeFaces())
+        .cells(3, "fluid", cellShapeHexahedron, 1)
+        .cellNodes(3, {{1, 2, 3, 4, 5, 6, 7, 8}});
+  }
+  CasePtr built = asPost(builder.build());
+  for (auto& mesh : built->data) {
+    memory::CellPartitionData& partitions = mesh.second.cellPartitions[3];
+    partitions.info = 2;
+    partitions.partitions = Slice<int>(std::vector<int>{mesh.first.partition});
+  }
+  return built;
+}
+
+const std::vector<NamedCase>& all() {
+  static const std::vector<NamedCase> kAll = {{"OneHex", oneHex},
+                                              {"TwoHexes", twoHexes},
+                                              {"TwoBodies", twoBodies},
+                                              {"Quad2d", quad2d},
+                                              {"PeriodicPair", periodicPair},
+                                              {"PostHex", postHex},
+                                              {"WithResults", withResults},
+                                              {"WithPartitions", withPartitions}};
+  return kAll;
+}
+
+}  // namespace velto::testing::cases

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Small sound cases with names, shared by tests, benchmarks and fuzz seeds. Each call makes a case
+// of its own, which a test may damage.
+
+#ifndef VELTO_TESTING_CASES_H
+#define VELTO_TESTING_CASES_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "embedded/memory/Case.h"
+
+namespace velto::testing::cases {
+
+using CasePtr = std::shared_ptr<memory::Case>;
+
+/// The unit cube as one hexahedron: nodes 1 "points" (8), face zone 2 "walls" (6), cell zone 3
+/// "fluid" (1).
+CasePtr oneHex();
+
+/// A box of two hexahedra side by side in x: nodes 1 "points" (12), face zones 2 "inside" (1,
+/// interior) and 3 "walls" (10), cell zone 4 "fluid" (2).
+CasePtr twoHexes();
+
+/// The same box as two bodies: face zones 2 "between" (1, two-sided), 3 "fluid walls" (5) and 4
+/// "solid walls" (5), cell zones 5 "fluid" (1) and 6 "solid" (1).
+CasePtr twoBodies();
+
+/// A plane mesh of two quadrilaterals: nodes 1 "points" (6), face zones 2 "inside" (1, interior)
+/// and 3 "rim" (6) of lines, cell zone 4 "sheet" (2).
+CasePtr quad2d();
+
+/// The unit cube with two opposite faces as a periodic pair: face zones 2 "left" (periodic) and 3
+/// "right" (its shadow) of one face each, 4 "walls" (4), cell zone 5 "fluid" (1).
+CasePtr periodicPair();
+
+/// The unit cube as a post target: cell zone 3 "fluid" has nodes of its own; no zone bounds
+/// another, and no cell is known beside a face.
+CasePtr postHex();
+
+/// oneHex() with the phases 1 "water" and 2 "air": temperature and velocity on the nodes, pressure
+/// and fraction on the cell, with attributes and descriptions.
+CasePtr withResults();
+
+/// The box of twoHexes() as a partitioned post target: each hexahedron is a partition of its own, 0
+/// and 1, with cell zone 3 "fluid", whose cells say which partition they are meant for.
+CasePtr withPartitions();
+
+/// A case of this header by its name.
+struct NamedCase {
+  std::string name;
+  CasePtr (*make)() = nullptr;
+};
+
+/// All of them.
+const std::vector<NamedCase>& all();
+
+}  // namespace velto::testing::cases
+
+#endif  // VELTO_TESTING_CASES_H

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Single steps of OrvChecker, for what a whole run does not show of them: their result, and what
+// they do where a run would not call them.
+
+#ifndef VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
+#define VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
+
+#include <string>
+
+#include "velto/OrvChecker.h"
+
+namespace velto::testing::checker_access {
+
+void displayStep(OrvChecker& checker, const std::string& step, const std::string& detail);
+void addError(OrvChecker& checker, int level, const std::string& message);
+void addWarning(OrvChecker& checker, int level, const std::string& message);
+bool checkORVErrors(OrvChecker& checker);
+bool checkVersion(OrvChecker& checker, OrvDataClass dataClass);
+bool checkSolverType(OrvChecker& checker);
+bool checkMeshSize(OrvChecker& checker);
+
+}  // namespace velto::testing::checker_access
+
+#endif  // VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
