@@ -31,9 +31,7 @@ OrvChecker::OrvChecker(const OrvChecker& other) = default;
 // Kept: an assignment does not release the case that its target held.
 OrvChecker& OrvChecker::operator=(const OrvChecker& other) = default;
 
-OrvChecker::~OrvChecker() {
-  releaseProvider();
-}
+OrvChecker::~OrvChecker() { releaseProvider(); }
 
 OrvFileProvider* OrvChecker::openProvider() const {
   return provider == nullptr ? nullptr : provider->provider;
@@ -49,21 +47,11 @@ void OrvChecker::releaseProvider() {
 
 // --- Options and results ------------------------------------------------------------------------
 
-void OrvChecker::setVerbosity(int value) {
-  verbosity = value;
-}
-void OrvChecker::setCheckLevel(int value) {
-  checkLevel = value;
-}
-void OrvChecker::setMeshId(int value) {
-  meshId = value;
-}
-void OrvChecker::setPartitionId(int value) {
-  partitionId = value;
-}
-void OrvChecker::setNoLM(bool value) {
-  noLM = value;
-}
+void OrvChecker::setVerbosity(int value) { verbosity = value; }
+void OrvChecker::setCheckLevel(int value) { checkLevel = value; }
+void OrvChecker::setMeshId(int value) { meshId = value; }
+void OrvChecker::setPartitionId(int value) { partitionId = value; }
+void OrvChecker::setNoLM(bool value) { noLM = value; }
 
 void OrvChecker::setTarget(const std::string& word) {
   if (word == "restart") {
@@ -77,12 +65,8 @@ void OrvChecker::setTarget(const std::string& word) {
   }
 }
 
-const std::vector<std::string>& OrvChecker::getErrors() const {
-  return errors;
-}
-const std::vector<std::string>& OrvChecker::getWarnings() const {
-  return warnings;
-}
+const std::vector<std::string>& OrvChecker::getErrors() const { return errors; }
+const std::vector<std::string>& OrvChecker::getWarnings() const { return warnings; }
 
 // --- The log ------------------------------------------------------------------------------------
 
@@ -250,8 +234,6 @@ bool OrvChecker::walkTarget(int mesh, int category, const std::vector<int>& part
   return true;
 }
 
-bool OrvChecker::checkSelected() {
-  return checkLevel < 1 || checkMeshSize();
-}
+bool OrvChecker::checkSelected() { return checkLevel < 1 || checkMeshSize(); }
 
 }  // namespace velto

@@ -29,8 +29,8 @@ class OrvLocationModel;
 ///     getMeshSize, getZoneIds, getZoneSizeInfo, ...        about that mesh
 ///
 /// No query fails. A query for something unknown (a zone id, a key, a mesh without tables) LEAVES
-/// ITS OUTPUT ALONE, so callers preload it with the value they want in that case. Failures of the
-/// library itself wait among the pending messages.
+/// ITS OUTPUT ALONE, so callers preload it with the value they want in that case; getZoneIds alone
+/// gives an empty list. Failures of the library itself wait among the pending messages.
 ///
 /// The non-virtual operations and the four virtual ones are defined by the data-access library that
 /// is linked, over a state of its own. Objects are not copyable, and serve one thread at a time.
@@ -113,6 +113,7 @@ class OrvBase {
   void getFaceZoneType(int zoneId, OrvFaceZoneType& type) const;
 
   // --- Which zones bound which ------------------------------------------------------------------
+  // For a zone of the mesh the list is replaced, by an empty one where nothing is related.
 
   /// Replaces `faceZoneIds` by the face zones that bound a cell zone.
   void getCellFaceZoneIds(int cellZoneId, std::list<int>& faceZoneIds);

@@ -38,10 +38,10 @@ namespace velto {
 /// after begin is how to learn the list; a begin without its end is tolerated.
 ///
 /// Reads move a whole zone in one call into a buffer of the caller's: `n` is its length in entries,
-/// and no more than `n` are written. A read that cannot deliver leaves the rest of the buffer as it
-/// is, so callers zero it first, and posts an error among the pending messages. Per-element getters
-/// take an id of the mesh, not a position in the zone, and answer 0 for an id that no listed zone
-/// holds.
+/// and no more than `n` are written. Where a zone holds fewer, the rest of the buffer is left as it
+/// is, so callers zero it first; a warning waits among the pending messages then, and an error
+/// where the file could not be read. Per-element getters take an id of the mesh, not a position in
+/// the zone, and answer 0 for an id that no listed zone holds.
 ///
 /// A connectivity list holds the ids of all elements of a zone, one element after the other in
 /// element order, without separators; the counts tell where each element's ids end.

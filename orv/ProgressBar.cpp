@@ -20,9 +20,7 @@ constexpr std::size_t kWidth = 30;
 
 ProgressBar::ProgressBar(bool wanted) : visible_(wanted && isatty(STDERR_FILENO) != 0) {}
 
-ProgressBar::~ProgressBar() {
-  wipe();
-}
+ProgressBar::~ProgressBar() { wipe(); }
 
 void ProgressBar::onProgress(const std::string& what, std::uint64_t done, std::uint64_t total) {
   if (!visible_) {

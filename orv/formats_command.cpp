@@ -14,9 +14,7 @@ namespace velto::orv {
 
 namespace {
 
-std::string orDash(const std::string& text) {
-  return text.empty() ? "-" : text;
-}
+std::string orDash(const std::string& text) { return text.empty() ? "-" : text; }
 
 }  // namespace
 

@@ -8,9 +8,7 @@
 
 namespace velto::testing {
 
-void CallScript::on(const std::string& call, Action action) {
-  on(call, 0, std::move(action));
-}
+void CallScript::on(const std::string& call, Action action) { on(call, 0, std::move(action)); }
 
 void CallScript::on(const std::string& call, int nth, Action action) {
   hooks_.push_back({call, nth, 0, std::move(action)});

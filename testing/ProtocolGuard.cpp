@@ -75,9 +75,7 @@ ProtocolGuard::ProtocolGuard(OrvFileProvider& target)
   base::coreOf(*this).observer = this;
 }
 
-ProtocolGuard::~ProtocolGuard() {
-  base::coreOf(*this).observer = before_;
-}
+ProtocolGuard::~ProtocolGuard() { base::coreOf(*this).observer = before_; }
 
 std::vector<std::string> ProtocolGuard::leftOpen() const {
   std::vector<std::string> families = leftOpen_;

@@ -30,8 +30,6 @@ void RecordingConsumer::onCall(const std::string& call) {
   script_.called(call, base::coreOf(*this));
 }
 
-void RecordingConsumer::onQuery(const std::string& call) {
-  onCall(call);
-}
+void RecordingConsumer::onQuery(const std::string& call) { onCall(call); }
 
 }  // namespace velto::testing

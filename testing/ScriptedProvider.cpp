@@ -44,9 +44,7 @@ void ScriptedProvider::on(const std::string& call, int nth, CallScript::Action a
   script_.on(call, nth, std::move(action));
 }
 
-void ScriptedProvider::refuseToRead(const std::string& reason) {
-  refusal_ = reason;
-}
+void ScriptedProvider::refuseToRead(const std::string& reason) { refusal_ = reason; }
 
 void ScriptedProvider::answerList(const std::string& call, std::vector<int> list) {
   lists_[call] = std::move(list);
@@ -96,8 +94,6 @@ void ScriptedProvider::onDelivered(const std::string& call, std::size_t& deliver
   }
 }
 
-void ScriptedProvider::onQuery(const std::string& call) {
-  onCall(call);
-}
+void ScriptedProvider::onQuery(const std::string& call) { onCall(call); }
 
 }  // namespace velto::testing

@@ -25,9 +25,7 @@ TestFactory::TestFactory(ProviderMaker makeProvider, ConsumerMaker makeConsumer)
   current = this;
 }
 
-TestFactory::~TestFactory() {
-  current = before_;
-}
+TestFactory::~TestFactory() { current = before_; }
 
 OrvFileProvider* TestFactory::makeProvider(const std::string& fileName) const {
   return makeProvider_ ? makeProvider_(fileName) : nullptr;

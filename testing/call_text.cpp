@@ -15,20 +15,14 @@ std::string argumentText(double value) {
   return {digits.data(), written.ptr};
 }
 
-std::string argumentText(bool value) {
-  return value ? "true" : "false";
-}
+std::string argumentText(bool value) { return value ? "true" : "false"; }
 
-std::string argumentText(const std::string& value) {
-  return value;
-}
+std::string argumentText(const std::string& value) { return value; }
 
 std::string argumentText(const std::pair<std::string, std::string>& entry) {
   return entry.first + " = " + entry.second;
 }
 
-std::string operationOf(const std::string& call) {
-  return call.substr(0, call.find('('));
-}
+std::string operationOf(const std::string& call) { return call.substr(0, call.find('(')); }
 
 }  // namespace velto::testing

@@ -43,9 +43,7 @@ void CaseConsumer::writeStandardSettings(std::vector<std::pair<std::string, std:
 
 void CaseConsumer::setMode(int) {}
 
-void CaseConsumer::setCompression(unsigned int level) {
-  compression_ = level;
-}
+void CaseConsumer::setCompression(unsigned int level) { compression_ = level; }
 
 void CaseConsumer::startWriting(OrvDataClass dataClass) {
   guarded("start of writing", [&] { open(dataClass); });

@@ -24,12 +24,8 @@ using base::coreOf;
 using base::MeshTables;
 using base::ZoneRecord;
 
-std::string text(const std::string& value) {
-  return value;
-}
-std::string text(bool value) {
-  return value ? "true" : "false";
-}
+std::string text(const std::string& value) { return value; }
+std::string text(bool value) { return value ? "true" : "false"; }
 template <class Number>
 std::string text(Number value) {
   if constexpr (std::is_enum_v<Number>) {

@@ -62,9 +62,7 @@ struct OrvBase::State {
 
 namespace base {
 
-inline CaseCore& coreOf(const OrvBase& object) {
-  return *OrvBase::State::of(object).core;
-}
+inline CaseCore& coreOf(const OrvBase& object) { return *OrvBase::State::of(object).core; }
 
 }  // namespace base
 

@@ -25,9 +25,7 @@ OrvVariant& OrvVariant::operator=(const OrvVariant& other) {
   return *this;
 }
 
-bool OrvVariant::isValid() const {
-  return state_ != nullptr;
-}
+bool OrvVariant::isValid() const { return state_ != nullptr; }
 
 std::string OrvVariant::asString() const {
   if (!state_) {
@@ -56,8 +54,6 @@ std::vector<std::string> OrvVariant::asStringVector() const {
   return values;
 }
 
-OrvVariant::operator std::vector<std::string>() const {
-  return asStringVector();
-}
+OrvVariant::operator std::vector<std::string>() const { return asStringVector(); }
 
 }  // namespace velto

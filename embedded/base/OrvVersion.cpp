@@ -7,14 +7,8 @@
 
 namespace velto {
 
-unsigned int OrvVersion::getMajor() {
-  return 1;
-}
-unsigned int OrvVersion::getMinor() {
-  return 0;
-}
-unsigned int OrvVersion::getPatch() {
-  return 0;
-}
+unsigned int OrvVersion::getMajor() { return 1; }
+unsigned int OrvVersion::getMinor() { return 0; }
+unsigned int OrvVersion::getPatch() { return 0; }
 
 }  // namespace velto

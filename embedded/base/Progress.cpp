@@ -12,12 +12,8 @@ thread_local ProgressListener* current = nullptr;
 
 }  // namespace
 
-ProgressListener::ProgressListener() : before_(current) {
-  current = this;
-}
-ProgressListener::~ProgressListener() {
-  current = before_;
-}
+ProgressListener::ProgressListener() : before_(current) { current = this; }
+ProgressListener::~ProgressListener() { current = before_; }
 
 void reportProgress(const std::string& what, std::uint64_t done, std::uint64_t total) {
   if (current != nullptr) {

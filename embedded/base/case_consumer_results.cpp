@@ -52,9 +52,7 @@ void CaseConsumer::setPhaseDescription(short phaseId, const std::string& text) {
   }
 }
 
-void CaseConsumer::beginPhase(short phaseId) {
-  variable_ = {phaseId, zoneCategoryNode, ""};
-}
+void CaseConsumer::beginPhase(short phaseId) { variable_ = {phaseId, zoneCategoryNode, ""}; }
 
 void CaseConsumer::addVariable(const std::string& name, int& variableId) {
   CaseTables& tables = coreOf(*this).tables;
@@ -88,9 +86,7 @@ void CaseConsumer::declareVariables(OrvZoneCategory category, const std::vector<
          [&](MeshArraySink& sink) { sink.declareVariables(variable_.phase, category, names); });
 }
 
-void CaseConsumer::beginVariableZones(OrvZoneCategory category) {
-  variable_.category = category;
-}
+void CaseConsumer::beginVariableZones(OrvZoneCategory category) { variable_.category = category; }
 
 void CaseConsumer::beginVariable(OrvZoneCategory category, const std::string& name,
                                  const std::vector<int>& zoneIds, std::size_t valuesPerEntity) {
@@ -105,12 +101,8 @@ void CaseConsumer::writeVariable(int zoneId, const double* values, std::size_t n
          [&](MeshArraySink& sink) { sink.writeVariable(variable_, zoneId, values, n); });
 }
 
-void CaseConsumer::endVariable() {
-  variable_.name.clear();
-}
+void CaseConsumer::endVariable() { variable_.name.clear(); }
 void CaseConsumer::endVariableZones() {}
-void CaseConsumer::endPhase() {
-  variable_ = {};
-}
+void CaseConsumer::endPhase() { variable_ = {}; }
 
 }  // namespace velto::base

@@ -106,44 +106,32 @@ void CaseProvider::beginFaceCell0(std::vector<int>& zoneIds) {
   openElements(Family::faceCell0, zoneIds);
 }
 
-std::uint64_t CaseProvider::getFaceCell0(std::uint64_t faceId) {
-  return elementIds_.get(faceId);
-}
+std::uint64_t CaseProvider::getFaceCell0(std::uint64_t faceId) { return elementIds_.get(faceId); }
 
 void CaseProvider::readFaceCell0(int zoneId, std::uint64_t* cellIds, std::size_t n) {
   readIds(Family::faceCell0, zoneId, cellIds, n);
 }
 
-void CaseProvider::endFaceCell0() {
-  elementIds_.close();
-}
+void CaseProvider::endFaceCell0() { elementIds_.close(); }
 
 void CaseProvider::beginFaceCell1(std::vector<int>& zoneIds) {
   openElements(Family::faceCell1, zoneIds);
 }
 
-std::uint64_t CaseProvider::getFaceCell1(std::uint64_t faceId) {
-  return elementIds_.get(faceId);
-}
+std::uint64_t CaseProvider::getFaceCell1(std::uint64_t faceId) { return elementIds_.get(faceId); }
 
 void CaseProvider::readFaceCell1(int zoneId, std::uint64_t* cellIds, std::size_t n) {
   readIds(Family::faceCell1, zoneId, cellIds, n);
 }
 
-void CaseProvider::endFaceCell1() {
-  elementIds_.close();
-}
+void CaseProvider::endFaceCell1() { elementIds_.close(); }
 
 void CaseProvider::beginFaceShadows(std::vector<int>& zoneIds) {
   openElements(Family::faceShadows, zoneIds);
 }
 
-std::uint64_t CaseProvider::getFaceShadow(std::uint64_t faceId) {
-  return elementIds_.get(faceId);
-}
-void CaseProvider::endFaceShadows() {
-  elementIds_.close();
-}
+std::uint64_t CaseProvider::getFaceShadow(std::uint64_t faceId) { return elementIds_.get(faceId); }
+void CaseProvider::endFaceShadows() { elementIds_.close(); }
 
 void CaseProvider::beginFaceTree(std::vector<int>& parentZoneIds, std::vector<int>& childZoneIds) {
   listZones(Family::faceTree, parentZoneIds);
@@ -188,9 +176,7 @@ bool CaseProvider::getUniformCellType(int zoneId, int& type) {
   return uniform;
 }
 
-int CaseProvider::getCellType(std::uint64_t cellId) {
-  return elementTypes_.get(cellId);
-}
+int CaseProvider::getCellType(std::uint64_t cellId) { return elementTypes_.get(cellId); }
 
 std::size_t CaseProvider::readCellTypes(int zoneId, int* types, std::size_t n) {
   std::size_t delivered = 0;
@@ -202,9 +188,7 @@ std::size_t CaseProvider::readCellTypes(int zoneId, int* types, std::size_t n) {
   return delivered;
 }
 
-void CaseProvider::endCellTypes() {
-  elementTypes_.close();
-}
+void CaseProvider::endCellTypes() { elementTypes_.close(); }
 
 // --- Cell partitions -----------------------------------------------------------------------------
 
@@ -267,9 +251,7 @@ const std::string* textOf(const std::optional<std::string>& text) {
 
 }  // namespace
 
-void CaseProvider::beginPhase(short phaseId) {
-  variable_ = {phaseId, zoneCategoryNode, ""};
-}
+void CaseProvider::beginPhase(short phaseId) { variable_ = {phaseId, zoneCategoryNode, ""}; }
 
 bool CaseProvider::getPhaseAttributeNames(short phaseId, std::vector<std::string>& names) {
   const Phase* phase = coreOf(*this).tables.findPhase(phaseId);
@@ -335,11 +317,7 @@ std::size_t CaseProvider::readVariable(int zoneId, double* values, std::size_t n
   return delivered;
 }
 
-void CaseProvider::endVariable() {
-  variable_.name.clear();
-}
-void CaseProvider::endPhase() {
-  variable_ = {};
-}
+void CaseProvider::endVariable() { variable_.name.clear(); }
+void CaseProvider::endPhase() { variable_ = {}; }
 
 }  // namespace velto::base

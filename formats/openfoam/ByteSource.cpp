@@ -21,9 +21,7 @@ constexpr std::uint64_t kSmallestWindow = 4096;  // for a file of which less is 
 constexpr std::uint64_t kMostPacking = 1032;     // deflate packs no more bytes than these into one
 constexpr std::uint64_t kLikelyPacking = 8;      // a usual ratio for lists of numbers
 
-std::string reasonOf(int error) {
-  return std::generic_category().message(error);
-}
+std::string reasonOf(int error) { return std::generic_category().message(error); }
 
 }  // namespace
 
@@ -127,13 +125,9 @@ std::uint64_t ByteSource::line() {
   return line_;
 }
 
-std::uint64_t ByteSource::mostBytesLeft() const {
-  return contentLeft(kMostPacking);
-}
+std::uint64_t ByteSource::mostBytesLeft() const { return contentLeft(kMostPacking); }
 
-std::uint64_t ByteSource::likelyBytesLeft() const {
-  return contentLeft(kLikelyPacking);
-}
+std::uint64_t ByteSource::likelyBytesLeft() const { return contentLeft(kLikelyPacking); }
 
 std::uint64_t ByteSource::contentLeft(std::uint64_t packing) const {
   std::uint64_t left = fileLeft_;

@@ -22,9 +22,7 @@ Inflater::Inflater(Feed feed) : feed_(std::move(feed)), packed_(kPackedBytes) {
   }
 }
 
-Inflater::~Inflater() {
-  inflateEnd(&stream_);
-}
+Inflater::~Inflater() { inflateEnd(&stream_); }
 
 std::size_t Inflater::read(char* to, std::size_t count) {
   count = std::min<std::size_t>(count, std::numeric_limits<uInt>::max());

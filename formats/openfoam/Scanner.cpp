@@ -202,9 +202,7 @@ std::string_view Scanner::token() {
   return {bytes_.begin(), length < kLongestToken ? length : 0};
 }
 
-Place Scanner::place() {
-  return {bytes_.line(), bytes_.offset()};
-}
+Place Scanner::place() { return {bytes_.line(), bytes_.offset()}; }
 
 void Scanner::fail(const std::string& expected) {
   next();

@@ -16,9 +16,7 @@ namespace {
 
 constexpr std::size_t kTextBehindBlock = 16;  // characters that must look like text
 
-std::size_t vectorSize(std::uint64_t count) {
-  return static_cast<std::size_t>(count);
-}
+std::size_t vectorSize(std::uint64_t count) { return static_cast<std::size_t>(count); }
 
 // Calls `use(first, n)` for pieces of `count` entries of `width` bytes each.
 template <class Use>

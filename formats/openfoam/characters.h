@@ -27,22 +27,14 @@ constexpr CharacterSet makeTokenEnds() {
 
 inline constexpr CharacterSet kTokenEnds = makeTokenEnds();
 
-constexpr bool isBlank(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
+constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-constexpr bool isPrintable(char c) {
-  return c >= ' ' && c <= '~';
-}
+constexpr bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 /// Whether `c` cannot be part of a number or a word and so ends one.
-constexpr bool endsToken(char c) {
-  return kTokenEnds[static_cast<unsigned char>(c)];
-}
+constexpr bool endsToken(char c) { return kTokenEnds[static_cast<unsigned char>(c)]; }
 
 /// Reads the label at `p`, blanks before it skipped, in its common form: at most 18 digits, and
 /// the character that ends it in sight. The text goes on to a NUL.

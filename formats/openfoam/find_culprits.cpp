@@ -19,9 +19,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-std::string text(std::uint64_t number) {
-  return std::to_string(number);
-}
+std::string text(std::uint64_t number) { return std::to_string(number); }
 
 void judgePoints(const PolyMesh& mesh, Texts& warnings) {
   Culprits bad(mesh.pointsFile, "points with a coordinate that is no finite number");

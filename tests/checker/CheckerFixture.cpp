@@ -19,9 +19,7 @@ TemporaryFile::TemporaryFile() : path_(::testing::TempDir() + "velto_checker_XXX
   close(descriptor);
 }
 
-TemporaryFile::~TemporaryFile() {
-  unlink(path_.c_str());
-}
+TemporaryFile::~TemporaryFile() { unlink(path_.c_str()); }
 
 CheckerFixture::CheckerFixture()
     : factory_([this](const std::string&) { return makeProvider(); }) {}

@@ -7,14 +7,8 @@
 
 namespace velto {
 
-unsigned int OrvVersion::getMajor() {
-  return 3;
-}
-unsigned int OrvVersion::getMinor() {
-  return 4;
-}
-unsigned int OrvVersion::getPatch() {
-  return 5;
-}
+unsigned int OrvVersion::getMajor() { return 3; }
+unsigned int OrvVersion::getMinor() { return 4; }
+unsigned int OrvVersion::getPatch() { return 5; }
 
 }  // namespace velto

@@ -70,20 +70,14 @@ void addWarning(OrvChecker& checker, int level, const std::string& message) {
   (checker.*memberOf(AddWarning{}))(level, message);
 }
 
-bool checkORVErrors(OrvChecker& checker) {
-  return (checker.*memberOf(CheckORVErrors{}))();
-}
+bool checkORVErrors(OrvChecker& checker) { return (checker.*memberOf(CheckORVErrors{}))(); }
 
 bool checkVersion(OrvChecker& checker, OrvDataClass dataClass) {
   return (checker.*memberOf(CheckVersion{}))(dataClass);
 }
 
-bool checkSolverType(OrvChecker& checker) {
-  return (checker.*memberOf(CheckSolverType{}))();
-}
+bool checkSolverType(OrvChecker& checker) { return (checker.*memberOf(CheckSolverType{}))(); }
 
-bool checkMeshSize(OrvChecker& checker) {
-  return (checker.*memberOf(CheckMeshSize{}))();
-}
+bool checkMeshSize(OrvChecker& checker) { return (checker.*memberOf(CheckMeshSize{}))(); }
 
 }  // namespace velto::testing::checker_access

@@ -24,9 +24,7 @@ struct VersionRow {
   Texts warnings;
 };
 
-std::ostream& operator<<(std::ostream& out, const VersionRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const VersionRow& row) { return out << row.name; }
 
 const std::vector<VersionRow>& versionRows() {
   static const std::vector<VersionRow> kRows = {
@@ -177,9 +175,7 @@ struct SolverTypeRow {
   Texts warnings;
 };
 
-std::ostream& operator<<(std::ostream& out, const SolverTypeRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const SolverTypeRow& row) { return out << row.name; }
 
 const std::vector<SolverTypeRow>& solverTypeRows() {
   static const std::vector<SolverTypeRow> kRows = {
@@ -244,9 +240,7 @@ struct MeshSizeRow {
   std::string out;  // at verbosity 2
 };
 
-std::ostream& operator<<(std::ostream& out, const MeshSizeRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const MeshSizeRow& row) { return out << row.name; }
 
 const std::vector<MeshSizeRow>& meshSizeRows() {
   const std::uint64_t huge = std::numeric_limits<std::uint64_t>::max();

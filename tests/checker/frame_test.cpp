@@ -88,9 +88,7 @@ struct LevelRow {
   bool echoed;
 };
 
-std::ostream& operator<<(std::ostream& out, const LevelRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const LevelRow& row) { return out << row.name; }
 
 class LogLevels : public ::testing::TestWithParam<LevelRow> {};
 

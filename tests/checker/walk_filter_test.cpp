@@ -22,9 +22,7 @@ struct FilterRow {
   std::vector<std::array<int, 3>> passes;
 };
 
-std::ostream& operator<<(std::ostream& out, const FilterRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const FilterRow& row) { return out << row.name; }
 
 const std::vector<std::array<int, 3>>& allPasses() {
   static const std::vector<std::array<int, 3>> kPasses = {

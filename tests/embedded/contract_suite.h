@@ -67,7 +67,7 @@ class ProviderContract : public ::testing::TestWithParam<ContractParameter> {
   /// Opens the case, as the test changed it.
   OrvFileProvider& provider();
 
-  /// Selects each mesh of the case in turn.
+  /// Selects each mesh of the case in turn and gives the test what of it the provider hands on.
   void forEachMesh(const Meshes& test);
 
   /// Selects a mesh that no case has.
@@ -79,6 +79,9 @@ class ProviderContract : public ::testing::TestWithParam<ContractParameter> {
   cases::CasePtr source;
 
  private:
+  /// The arrays of a mesh without what the provider cannot hand on.
+  memory::MeshData carried(const memory::MeshData& data) const;
+
   std::unique_ptr<OrvFileProvider> provider_;
 };
 

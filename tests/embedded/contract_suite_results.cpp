@@ -47,9 +47,6 @@ class ResultsReader {
 };
 
 TEST_P(ProviderContract, ReadsFieldData) {
-  if (deviations().withoutResults) {
-    GTEST_SKIP() << "results are not carried";
-  }
   forEachMesh([this](const MeshTables&, const MeshData& data) {
     for (const base::Phase& phase : source->tables.phases) {
       provider().beginPhase(phase.id);

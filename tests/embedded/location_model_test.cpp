@@ -120,9 +120,7 @@ struct RefusalRow {
   std::function<bool(OrvLocationModel&, int part, int body, int face, int& id)> create;
 };
 
-std::ostream& operator<<(std::ostream& out, const RefusalRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const RefusalRow& row) { return out << row.name; }
 
 class LocationModelRefuses : public LocationModel,
                              public ::testing::WithParamInterface<RefusalRow> {};

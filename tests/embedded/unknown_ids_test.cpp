@@ -21,9 +21,7 @@ struct Query {
   std::function<bool(OrvFileProvider&)> untouched;
 };
 
-std::ostream& operator<<(std::ostream& out, const Query& query) {
-  return out << query.name;
-}
+std::ostream& operator<<(std::ostream& out, const Query& query) { return out << query.name; }
 
 std::function<bool(OrvFileProvider&)> sizeQuery(
     const std::function<void(OrvFileProvider&, std::uint64_t&)>& ask) {
@@ -189,13 +187,9 @@ class UnknownKey : public QueryRows {};
 class UnknownMesh : public QueryRows {};
 class NothingOpen : public QueryRows {};
 
-TEST_P(UnknownZone, LeavesTheOutputAlone) {
-  EXPECT_TRUE(GetParam().untouched(*provider_));
-}
+TEST_P(UnknownZone, LeavesTheOutputAlone) { EXPECT_TRUE(GetParam().untouched(*provider_)); }
 
-TEST_P(UnknownKey, LeavesTheOutputAlone) {
-  EXPECT_TRUE(GetParam().untouched(*provider_));
-}
+TEST_P(UnknownKey, LeavesTheOutputAlone) { EXPECT_TRUE(GetParam().untouched(*provider_)); }
 
 TEST_P(UnknownMesh, LeavesTheOutputAlone) {
   provider_->setPartitionId(5);
@@ -207,9 +201,7 @@ TEST_P(NothingOpen, LeavesTheOutputAlone) {
   EXPECT_TRUE(GetParam().untouched(unopened));
 }
 
-std::string queryName(const ::testing::TestParamInfo<Query>& info) {
-  return info.param.name;
-}
+std::string queryName(const ::testing::TestParamInfo<Query>& info) { return info.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Query, UnknownZone, ::testing::ValuesIn(unknownZoneQueries()), queryName);
 INSTANTIATE_TEST_SUITE_P(Query, UnknownKey, ::testing::ValuesIn(unknownKeyQueries()), queryName);

@@ -19,9 +19,7 @@ struct SplitRow {
   Texts parts;
 };
 
-std::ostream& operator<<(std::ostream& out, const SplitRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const SplitRow& row) { return out << row.name; }
 
 class SplitString : public ::testing::TestWithParam<SplitRow> {};
 

@@ -14,13 +14,9 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-OrvVariant stringOf(const std::string& text) {
-  return OrvVariant::State::makeString(text);
-}
+OrvVariant stringOf(const std::string& text) { return OrvVariant::State::makeString(text); }
 
-OrvVariant listOf(const Texts& list) {
-  return OrvVariant::State::makeList(list);
-}
+OrvVariant listOf(const Texts& list) { return OrvVariant::State::makeList(list); }
 
 TEST(OrvVariant, OfNothingConvertsToNothing) {
   const OrvVariant nothing;

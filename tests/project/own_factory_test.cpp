@@ -54,9 +54,7 @@ OrvFileProvider* getDataProvider(const std::string& fileName) {
   return new MemoryProvider(oneCell("OWN_FACTORY"));
 }
 
-OrvFileConsumer* getDataConsumer(OrvFileFormatType /*format*/) {
-  return nullptr;
-}
+OrvFileConsumer* getDataConsumer(OrvFileFormatType /*format*/) { return nullptr; }
 
 }  // namespace velto
 

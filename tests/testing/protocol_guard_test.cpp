@@ -40,9 +40,7 @@ struct GuardRow {
   Texts leftOpen;
 };
 
-std::ostream& operator<<(std::ostream& out, const GuardRow& row) {
-  return out << row.name;
-}
+std::ostream& operator<<(std::ostream& out, const GuardRow& row) { return out << row.name; }
 
 class ProtocolGuardRows : public ::testing::TestWithParam<GuardRow> {};
 

@@ -62,18 +62,10 @@ std::string binaryHeader(const std::string& objectClass, const std::string& arch
   return "FoamFile { format binary; class " + objectClass + ";" + entry + " }\n";
 }
 
-std::string bytes32(std::initializer_list<std::int32_t> labels) {
-  return bytes(labels);
-}
-std::string bytes64(std::initializer_list<std::int64_t> labels) {
-  return bytes(labels);
-}
-std::string bytesOf(std::initializer_list<float> values) {
-  return bytes(values);
-}
-std::string bytesOf(std::initializer_list<double> values) {
-  return bytes(values);
-}
+std::string bytes32(std::initializer_list<std::int32_t> labels) { return bytes(labels); }
+std::string bytes64(std::initializer_list<std::int64_t> labels) { return bytes(labels); }
+std::string bytesOf(std::initializer_list<float> values) { return bytes(values); }
+std::string bytesOf(std::initializer_list<double> values) { return bytes(values); }
 
 std::string describe(const PolyMesh& mesh) {
   std::ostringstream out;
@@ -121,17 +113,13 @@ void FolderTest::write(const std::string& name, const std::string& content, bool
   velto::testing::writeTextFile(path(name), content, gzip);
 }
 
-void FolderTest::remove(const std::string& name) const {
-  std::filesystem::remove(path(name));
-}
+void FolderTest::remove(const std::string& name) const { std::filesystem::remove(path(name)); }
 
 void FolderTest::writeList(const std::string& name, const std::string& list) const {
   write(name, textHeader(classOf(name)) + list);
 }
 
-PolyMesh FolderTest::read() const {
-  return readPolyMesh(folder_);
-}
+PolyMesh FolderTest::read() const { return readPolyMesh(folder_); }
 
 std::string FolderTest::error() const {
   try {

@@ -112,9 +112,7 @@ TEST_P(PlainDamage, ByPuttingACharacterInItsPlaceIsNoDanger) {
   }
 }
 
-std::string formName(const ::testing::TestParamInfo<Form>& row) {
-  return row.param.name;
-}
+std::string formName(const ::testing::TestParamInfo<Form>& row) { return row.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Forms, Damage,
                          ::testing::Values(Form{"Text", false, false, true, 32},

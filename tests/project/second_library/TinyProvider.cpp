@@ -107,9 +107,7 @@ bool TinyProvider::getUniformCellType(int zoneId, int& type) {
   return true;
 }
 
-int TinyProvider::getCellType(std::uint64_t cellId) {
-  return cellId == 1 ? kTetrahedron : 0;
-}
+int TinyProvider::getCellType(std::uint64_t cellId) { return cellId == 1 ? kTetrahedron : 0; }
 
 std::size_t TinyProvider::beginVariable(OrvZoneCategory, const std::string&,
                                         std::vector<int>& zoneIds) {
@@ -125,8 +123,6 @@ OrvFileProvider* getDataProvider(const std::string& /*fileName*/) {
   return new tiny::TinyProvider();
 }
 
-OrvFileConsumer* getDataConsumer(OrvFileFormatType /*format*/) {
-  return nullptr;
-}
+OrvFileConsumer* getDataConsumer(OrvFileFormatType /*format*/) { return nullptr; }
 
 }  // namespace velto

@@ -45,54 +45,30 @@ void OrvBase::getZoneIds(OrvZoneCategory category, std::vector<int>& ids) {
   copyList(state_->zoneIds, category, ids);
 }
 
-void OrvBase::setSolverType(std::string solverType) {
-  state_->solverType = std::move(solverType);
-}
+void OrvBase::setSolverType(std::string solverType) { state_->solverType = std::move(solverType); }
 
 // --- Selection ----------------------------------------------------------------------------------
 
-void OrvBase::setMeshId(int id) {
-  state_->mesh = id;
-}
-int OrvBase::getMeshId() const {
-  return state_->mesh;
-}
-void OrvBase::setTarget(OrvTargetCategory category) {
-  state_->target = category;
-}
-OrvTargetCategory OrvBase::getTarget() const {
-  return state_->target;
-}
-void OrvBase::setPartitionId(int id) {
-  state_->partition = id;
-}
-int OrvBase::getPartitionId() const {
-  return state_->partition;
-}
+void OrvBase::setMeshId(int id) { state_->mesh = id; }
+int OrvBase::getMeshId() const { return state_->mesh; }
+void OrvBase::setTarget(OrvTargetCategory category) { state_->target = category; }
+OrvTargetCategory OrvBase::getTarget() const { return state_->target; }
+void OrvBase::setPartitionId(int id) { state_->partition = id; }
+int OrvBase::getPartitionId() const { return state_->partition; }
 
 // --- The case and the mesh ----------------------------------------------------------------------
 
-std::string OrvBase::getSolverType() const {
-  return state_->solverType;
-}
-void OrvBase::setApplicationName(const std::string& name) {
-  state_->applicationName = name;
-}
-const OrvLocationModel* OrvBase::getLocationModel() const {
-  return state_->locationModel.get();
-}
+std::string OrvBase::getSolverType() const { return state_->solverType; }
+void OrvBase::setApplicationName(const std::string& name) { state_->applicationName = name; }
+const OrvLocationModel* OrvBase::getLocationModel() const { return state_->locationModel.get(); }
 void OrvBase::getMeshSize(OrvMeshSizeType key, std::uint64_t& value) const {
   copyEntry(state_->meshSizes, key, value);
 }
 void OrvBase::setMeshSize(OrvMeshSizeType key, std::uint64_t value) {
   state_->meshSizes[key] = value;
 }
-void OrvBase::getMeshUnits(std::string& units) const {
-  units = state_->units;
-}
-void OrvBase::setMeshUnits(const std::string& units) {
-  state_->units = units;
-}
+void OrvBase::getMeshUnits(std::string& units) const { units = state_->units; }
+void OrvBase::setMeshUnits(const std::string& units) { state_->units = units; }
 
 // --- Zones --------------------------------------------------------------------------------------
 
@@ -123,9 +99,7 @@ void OrvBase::getCellZoneInfo(int zoneId, OrvCellZoneInfoType key, int& value) c
 void OrvBase::setCellZoneInfo(int zoneId, OrvCellZoneInfoType key, int value) {
   state_->cellZoneInfos[{zoneId, key}] = value;
 }
-bool OrvBase::getFaceZoneProp(int /*zoneId*/, OrvFaceZonePropType /*key*/) const {
-  return false;
-}
+bool OrvBase::getFaceZoneProp(int /*zoneId*/, OrvFaceZonePropType /*key*/) const { return false; }
 void OrvBase::getFaceZoneType(int zoneId, OrvFaceZoneType& type) const {
   copyEntry(state_->faceZoneInfos, std::pair(zoneId, int{faceZoneType}), type);
 }
@@ -141,21 +115,11 @@ void OrvBase::getFaceCellZone1Ids(int /*faceZoneId*/, std::list<int>& cellZoneId
 
 // --- Phases and messages ------------------------------------------------------------------------
 
-void OrvBase::getPhaseIds(std::vector<short>& ids) const {
-  ids.clear();
-}
-bool OrvBase::getPhaseName(short /*id*/, std::string& /*name*/) const {
-  return false;
-}
-bool OrvBase::hasWarning() const {
-  return false;
-}
-bool OrvBase::hasError() const {
-  return !state_->errors.empty();
-}
-std::vector<std::string> OrvBase::getWarnings(bool /*flag0*/, bool /*flag1*/) const {
-  return {};
-}
+void OrvBase::getPhaseIds(std::vector<short>& ids) const { ids.clear(); }
+bool OrvBase::getPhaseName(short /*id*/, std::string& /*name*/) const { return false; }
+bool OrvBase::hasWarning() const { return false; }
+bool OrvBase::hasError() const { return !state_->errors.empty(); }
+std::vector<std::string> OrvBase::getWarnings(bool /*flag0*/, bool /*flag1*/) const { return {}; }
 std::vector<std::string> OrvBase::getErrors(bool flag0, bool flag1) const {
   std::vector<std::string> errors = state_->errors;
   if (flag0 && flag1) {

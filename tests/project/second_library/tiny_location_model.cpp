@@ -138,9 +138,7 @@ bool OrvLocationModel::findFaceUse(int partId, const std::string& name, int& id)
   return state_->findByName(kFaceUse, partId, name, id);
 }
 
-void OrvLocationModel::getParts(std::vector<int>& ids) const {
-  ids = state_->idsOf(kPart, 0);
-}
+void OrvLocationModel::getParts(std::vector<int>& ids) const { ids = state_->idsOf(kPart, 0); }
 bool OrvLocationModel::getPartBodies(int partId, std::vector<int>& ids) const {
   ids = state_->idsOf(kBody, partId);
   return true;

@@ -32,32 +32,20 @@ OrvVariant& OrvVariant::operator=(const OrvVariant& other) {
 OrvVariant& OrvVariant::operator=(OrvVariant&& other) noexcept = default;
 OrvVariant::~OrvVariant() = default;
 
-bool OrvVariant::isValid() const {
-  return state_ != nullptr;
-}
-std::string OrvVariant::asString() const {
-  return state_ ? state_->text : "";
-}
+bool OrvVariant::isValid() const { return state_ != nullptr; }
+std::string OrvVariant::asString() const { return state_ ? state_->text : ""; }
 std::vector<std::string> OrvVariant::asStringVector() const {
   std::vector<std::string> values;
   OrvUtilities::splitString(asString(), values, true, ',');
   return values;
 }
-OrvVariant::operator std::vector<std::string>() const {
-  return asStringVector();
-}
+OrvVariant::operator std::vector<std::string>() const { return asStringVector(); }
 
 // --- Version and free functions -----------------------------------------------------------------
 
-unsigned int OrvVersion::getMajor() {
-  return 7;
-}
-unsigned int OrvVersion::getMinor() {
-  return 0;
-}
-unsigned int OrvVersion::getPatch() {
-  return 0;
-}
+unsigned int OrvVersion::getMajor() { return 7; }
+unsigned int OrvVersion::getMinor() { return 0; }
+unsigned int OrvVersion::getPatch() { return 0; }
 
 bool OrvUtilities::splitString(const std::string& text, std::vector<std::string>& parts, bool flag,
                                char separator) {
@@ -76,16 +64,12 @@ bool OrvUtilities::splitString(const std::string& text, std::vector<std::string>
 
 // --- The two sides ------------------------------------------------------------------------------
 
-bool OrvProvider::hasTarget(OrvTargetCategory category) const {
-  return category == targetRestart;
-}
+bool OrvProvider::hasTarget(OrvTargetCategory category) const { return category == targetRestart; }
 OrvVariant OrvProvider::getSettings(OrvDataClass /*dataClass*/, const std::string& path,
                                     short /*flag*/) const {
   return path == "library" ? OrvVariant::State::make("tiny") : OrvVariant();
 }
-bool OrvProvider::getVariableId(const std::string& /*name*/, int& /*id*/) const {
-  return false;
-}
+bool OrvProvider::getVariableId(const std::string& /*name*/, int& /*id*/) const { return false; }
 void OrvConsumer::setLocationModel(const OrvLocationModel* model) const {
   State::of(*this).locationModel =
       model == nullptr ? nullptr : OrvLocationModel::State::copy(*model);
