@@ -129,6 +129,30 @@ bool OrvChecker::checkORVErrors() {
   return false;
 }
 
+std::string OrvChecker::targetName(int category) {
+  switch (category) {
+    case targetRestart:
+      return "ORV Restart";
+    case targetPost:
+      return "ORV Post";
+    case targetPartitionedPost:
+      return "ORV Partitioned Post";
+    default:
+      return "Unknown";
+  }
+}
+
+std::string OrvChecker::describeLocation() const {
+  const OrvFileProvider* source = openProvider();
+  const OrvTargetCategory category = source->getTarget();
+  std::string location =
+      targetName(category) + " mesh (" + std::to_string(source->getMeshId()) + ")";
+  if (category == targetPartitionedPost) {
+    location += " and partition (" + std::to_string(source->getPartitionId()) + ")";
+  }
+  return location;
+}
+
 // --- The walk -----------------------------------------------------------------------------------
 
 bool OrvChecker::checkCase(const std::string& fileName) {

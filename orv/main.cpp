@@ -43,6 +43,9 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
   check->add_flag("--json", options.json, "Print one JSON document instead of text");
   check->footer(
+      "This version judges the file as a whole and the sizes of its meshes; the checks of zones and\n"
+      "connectivity are to come. What the OpenFOAM reader finds wrong with single entries comes as\n"
+      "warnings: with --strict they count.\n\n"
       "Examples:\n"
       "  orv check constant/polyMesh           an OpenFOAM mesh\n"
       "  orv check case/ --level 2             a case folder, with its connectivity\n"

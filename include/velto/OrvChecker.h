@@ -89,6 +89,8 @@ class VELTO_EXPORT OrvChecker {
   void addWarning(int level, const std::string& message);
   void displayStep(const std::string& step, const std::string& detail);
   bool checkORVErrors();
+  static std::string targetName(int category);
+  std::string describeLocation() const;
   OrvFileProvider* openProvider() const;
   void releaseProvider();
   bool openCase(const std::string& fileName);

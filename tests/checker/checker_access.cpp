@@ -35,6 +35,14 @@ struct CheckORVErrors {
   using Member = Step;
   friend Step memberOf(CheckORVErrors);
 };
+struct TargetName {
+  using Member = std::string (*)(int);
+  friend Member memberOf(TargetName);
+};
+struct DescribeLocation {
+  using Member = std::string (OrvChecker::*)() const;
+  friend Member memberOf(DescribeLocation);
+};
 struct CheckVersion {
   using Member = VersionStep;
   friend VersionStep memberOf(CheckVersion);
@@ -52,6 +60,8 @@ template struct Grant<DisplayStep, &OrvChecker::displayStep>;
 template struct Grant<AddError, &OrvChecker::addError>;
 template struct Grant<AddWarning, &OrvChecker::addWarning>;
 template struct Grant<CheckORVErrors, &OrvChecker::checkORVErrors>;
+template struct Grant<TargetName, &OrvChecker::targetName>;
+template struct Grant<DescribeLocation, &OrvChecker::describeLocation>;
 template struct Grant<CheckVersion, &OrvChecker::checkVersion>;
 template struct Grant<CheckSolverType, &OrvChecker::checkSolverType>;
 template struct Grant<CheckMeshSize, &OrvChecker::checkMeshSize>;
@@ -71,6 +81,12 @@ void addWarning(OrvChecker& checker, int level, const std::string& message) {
 }
 
 bool checkORVErrors(OrvChecker& checker) { return (checker.*memberOf(CheckORVErrors{}))(); }
+
+std::string targetName(int category) { return memberOf(TargetName{})(category); }
+
+std::string describeLocation(const OrvChecker& checker) {
+  return (checker.*memberOf(DescribeLocation{}))();
+}
 
 bool checkVersion(OrvChecker& checker, OrvDataClass dataClass) {
   return (checker.*memberOf(CheckVersion{}))(dataClass);

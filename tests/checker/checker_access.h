@@ -16,6 +16,8 @@ void displayStep(OrvChecker& checker, const std::string& step, const std::string
 void addError(OrvChecker& checker, int level, const std::string& message);
 void addWarning(OrvChecker& checker, int level, const std::string& message);
 bool checkORVErrors(OrvChecker& checker);
+std::string targetName(int category);
+std::string describeLocation(const OrvChecker& checker);
 bool checkVersion(OrvChecker& checker, OrvDataClass dataClass);
 bool checkSolverType(OrvChecker& checker);
 bool checkMeshSize(OrvChecker& checker);

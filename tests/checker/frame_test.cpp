@@ -328,5 +328,40 @@ TEST_F(CheckORVErrors, IgnoresErrorsOfTheChecksThemselves) {
   EXPECT_TRUE(checker_access::checkORVErrors(checker));
 }
 
+// --- Where the walk is --------------------------------------------------------------------------
+
+TEST(TargetName, KnowsThreeTargets) {
+  EXPECT_EQ(checker_access::targetName(0), "ORV Restart");
+  EXPECT_EQ(checker_access::targetName(1), "ORV Post");
+  EXPECT_EQ(checker_access::targetName(2), "ORV Partitioned Post");
+  EXPECT_EQ(checker_access::targetName(3), "Unknown");
+  EXPECT_EQ(checker_access::targetName(-1), "Unknown");
+}
+
+class DescribeLocation : public CheckerFixture {
+ protected:
+  /// The location that a walk ends at, over one mesh 4 of the given target and partition 7.
+  std::string after(int target) {
+    prepare([target](ScriptedProvider& p) {
+      p.answerList("getMeshIds", {4});
+      p.answerList("getTargets", {target});
+      p.answerList("getPartitionIds", {7});
+    });
+    checker.setCheckLevel(0);
+    check();
+    return checker_access::describeLocation(checker);
+  }
+};
+
+TEST_F(DescribeLocation, NamesTargetAndMesh) {
+  EXPECT_EQ(after(0), "ORV Restart mesh (4)");
+  EXPECT_EQ(after(1), "ORV Post mesh (4)");
+  EXPECT_EQ(after(9), "Unknown mesh (4)");
+}
+
+TEST_F(DescribeLocation, NamesThePartitionOfAPartitionedPostTarget) {
+  EXPECT_EQ(after(2), "ORV Partitioned Post mesh (4) and partition (7)");
+}
+
 }  // namespace
 }  // namespace velto::testing
