@@ -17,7 +17,7 @@ import unittest
 
 import jsonschema
 
-ORV, MAKE_POLYMESH, SCHEMA, MESHES = sys.argv[1:5]
+ORV, MAKE_POLYMESH, SCHEMA, MESHES = map(os.path.abspath, sys.argv[1:5])
 
 
 class CommandLine(unittest.TestCase):
