@@ -54,8 +54,8 @@ class MeshArrays {
   /// The connectivity list of a counted family, or one id a face for face cells and shadows.
   virtual std::size_t readIds(Family family, int zone, std::uint64_t* ids, std::size_t n) = 0;
 
-  /// The same ids without copying; valid until the next call. An empty view means that they have to
-  /// be read.
+  /// The same ids without copying, valid as long as this object; for arrays that stay in memory. An
+  /// empty view means that they have to be read.
   virtual IdView viewIds(Family, int /*zone*/) { return {}; }
 
   /// Number of values that can be read for a zone of face cells, shadows or cell types.
