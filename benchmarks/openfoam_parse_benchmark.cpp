@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // How fast a polyMesh folder is read, in bytes on disk per second: one file of a box of a million
 // cells at a time, and beside each a pass that only takes its bytes from the disk.
+
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdint>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Writes polyMesh folders: an output file with a buffer, the forms of a list, and the files.
+
 #include "testing/PolyMeshWriter.h"
 
 #include <algorithm>

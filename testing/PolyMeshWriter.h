@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Writes OpenFOAM polyMesh folders for tests and benchmarks: a box of hexahedra of any size, sound
 // or damaged by the test, in every form that such files have in the wild. It shares no code with
 // the reader.
+
 #ifndef VELTO_TESTING_POLY_MESH_WRITER_H
 #define VELTO_TESTING_POLY_MESH_WRITER_H
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The box of hexahedra that PolyMeshWriter writes.
+
 #include <array>
 #include <cstddef>
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // make-polymesh: writes a box as a polyMesh folder, sound or with a named damage.
+
 #include <charconv>
 #include <cstdio>
 #include <exception>

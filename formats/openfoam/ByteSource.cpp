@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The bytes of a plain or gzipped file, one window after the other, in constant memory.
+
 #include "formats/openfoam/ByteSource.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The bytes of a plain or gzipped file, one window after the other, in constant memory.
+
 #ifndef VELTO_FORMATS_OPENFOAM_BYTE_SOURCE_H
 #define VELTO_FORMATS_OPENFOAM_BYTE_SOURCE_H
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The FoamFile dictionary at the head of a file: read, peeked at, judged.
+
 #include "formats/openfoam/FoamHeader.h"
 
 #include <charconv>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The FoamFile dictionary at the head of a file, and what it says about the form of the content.
+
 #ifndef VELTO_FORMATS_OPENFOAM_FOAM_HEADER_H
 #define VELTO_FORMATS_OPENFOAM_FOAM_HEADER_H
 

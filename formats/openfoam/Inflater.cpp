@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Unpacking with zlib: what comes between two members, and how a stream ends.
+
 #include "formats/openfoam/Inflater.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Unpacks a gzip stream, several members in a row included.
+
 #ifndef VELTO_FORMATS_OPENFOAM_INFLATER_H
 #define VELTO_FORMATS_OPENFOAM_INFLATER_H
 

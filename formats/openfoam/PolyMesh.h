@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The content of a polyMesh folder as it stands in its files: nothing judged, nothing derived.
+
 #ifndef VELTO_FORMATS_OPENFOAM_POLY_MESH_H
 #define VELTO_FORMATS_OPENFOAM_POLY_MESH_H
 

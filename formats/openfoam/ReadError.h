@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // What is thrown when a file of a polyMesh folder cannot be read.
+
 #ifndef VELTO_FORMATS_OPENFOAM_READ_ERROR_H
 #define VELTO_FORMATS_OPENFOAM_READ_ERROR_H
 

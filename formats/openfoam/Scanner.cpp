@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The text of a file. Nothing here is on the road of an ordinary list entry, which read_lists.cpp
 // and read_faces.cpp take from the window by themselves; they come here for what is left.
+
 #include "formats/openfoam/Scanner.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The text of a file: blanks and comments, punctuation, numbers, words, and where an error stands.
+
 #ifndef VELTO_FORMATS_OPENFOAM_SCANNER_H
 #define VELTO_FORMATS_OPENFOAM_SCANNER_H
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Binary blocks. They go through the window piece by piece, so that each piece is widened while it
 // is still in the cache; bytes are taken to be those of a little-endian machine, like this one.
+
 #include "formats/openfoam/binary_blocks.h"
 
 #include <algorithm>

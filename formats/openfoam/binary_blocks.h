@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Binary blocks: the bytes between the parentheses of a binary list.
+
 #ifndef VELTO_FORMATS_OPENFOAM_BINARY_BLOCKS_H
 #define VELTO_FORMATS_OPENFOAM_BINARY_BLOCKS_H
 

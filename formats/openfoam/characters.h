@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // What the single characters of a text file mean, and the shortest way to a label.
+
 #ifndef VELTO_FORMATS_OPENFOAM_CHARACTERS_H
 #define VELTO_FORMATS_OPENFOAM_CHARACTERS_H
 

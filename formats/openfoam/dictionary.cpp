@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The entries of a dictionary, read character by character: such text is short.
+
 #include "formats/openfoam/dictionary.h"
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The entries of a dictionary: a keyword and what stands behind it, kept as text.
+
 #ifndef VELTO_FORMATS_OPENFOAM_DICTIONARY_H
 #define VELTO_FORMATS_OPENFOAM_DICTIONARY_H
 

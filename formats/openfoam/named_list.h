@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Lists of dictionaries with names: patches and zones.
+
 #ifndef VELTO_FORMATS_OPENFOAM_NAMED_LIST_H
 #define VELTO_FORMATS_OPENFOAM_NAMED_LIST_H
 

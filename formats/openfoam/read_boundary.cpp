@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The patches of a mesh:  N ( inlet { type patch; nFaces 20; startFace 760; } ... )
+
 #include "formats/openfoam/read_boundary.h"
 
 #include <charconv>

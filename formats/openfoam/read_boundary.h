@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The patches of a mesh, from the file `boundary`.
+
 #ifndef VELTO_FORMATS_OPENFOAM_READ_BOUNDARY_H
 #define VELTO_FORMATS_OPENFOAM_READ_BOUNDARY_H
 

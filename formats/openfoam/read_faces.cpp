@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Lists of faces: node loops in text, start offsets and node labels in binary.
 //
 //   faceList         N ( 4(1 22 463 442) 3(7 8 9) ... )         in old binary files: 4(raw)
 //   faceCompactList  N+1 ( start offsets, the first 0 )  M ( all node labels )
+
 #include <algorithm>
 #include <cstddef>
 #include <limits>

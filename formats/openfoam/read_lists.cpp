@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Lists of labels, points and flags. In text an entry in its common form is taken straight from the
 // window; whatever is unusual about one (a comment, the window's end, an error) goes through the
 // scanner, entry by entry.
+
 #include "formats/openfoam/read_lists.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The lists of a mesh: labels, points, faces and flags, in text and binary.
 //
 // In text a list is one of
@@ -6,6 +7,7 @@
 // and in binary
 //   N ( raw )         0
 // where N is text, and exactly the bytes of N entries lie between the parentheses.
+
 #ifndef VELTO_FORMATS_OPENFOAM_READ_LISTS_H
 #define VELTO_FORMATS_OPENFOAM_READ_LISTS_H
 

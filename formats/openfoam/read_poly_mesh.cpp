@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Reads an OpenFOAM polyMesh folder: which files there are, the order in which they are read, and
 // what one of them must say about another.
+
 #include "formats/openfoam/read_poly_mesh.h"
 
 #include <filesystem>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Reads an OpenFOAM polyMesh folder.
+
 #ifndef VELTO_FORMATS_OPENFOAM_READ_POLY_MESH_H
 #define VELTO_FORMATS_OPENFOAM_READ_POLY_MESH_H
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The zones of a mesh:  N ( inside { type cellZone; cellLabels List<label> 3(0 1 2); } ... )
 //
 // A list is binary in a binary file where its type stands before it (List<label>, List<bool>);
 // without one it is text, like all the rest.
+
 #include "formats/openfoam/read_zones.h"
 
 #include <algorithm>

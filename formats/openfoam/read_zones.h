@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The zones of a mesh, from the files `cellZones` and `faceZones`.
+
 #ifndef VELTO_FORMATS_OPENFOAM_READ_ZONES_H
 #define VELTO_FORMATS_OPENFOAM_READ_ZONES_H
 

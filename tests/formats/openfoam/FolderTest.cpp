@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // A polyMesh folder for one test.
+
 #include "tests/formats/openfoam/FolderTest.h"
 
 #include <atomic>

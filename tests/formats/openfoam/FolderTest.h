@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // A polyMesh folder for one test: one cube in text, of which a test replaces what it is about.
+
 #ifndef VELTO_TESTS_FORMATS_OPENFOAM_FOLDER_TEST_H
 #define VELTO_TESTS_FORMATS_OPENFOAM_FOLDER_TEST_H
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Binary lists: their widths, and what is refused.
+
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The file `boundary`: what is kept of a patch, and what is refused.
+
 #include <gtest/gtest.h>
 #include <string>
 #include <utility>

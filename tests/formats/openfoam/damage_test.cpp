@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Files that were cut or flipped at every byte: they are read or refused, and nothing else happens.
+
 #include <exception>
 #include <filesystem>
 #include <fstream>

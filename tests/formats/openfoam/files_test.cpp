@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The files of a folder: which are found, gzip streams, lengths that must agree, progress.
+
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The FoamFile header: peeked at, and judged before a file is read.
+
 #include <gtest/gtest.h>
 #include <string>
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Meshes that other programs wrote; skipped where they are absent.
+
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>

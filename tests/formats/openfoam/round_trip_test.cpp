@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Boxes written in every form and read again.
+
 #include <cstddef>
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // Lists in text: their forms, the numbers in them, and what is refused.
+
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>

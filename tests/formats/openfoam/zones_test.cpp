@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+//
 // The files `cellZones` and `faceZones`.
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
