@@ -14,6 +14,7 @@
 
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
+#include "orv/hints.h"
 
 namespace velto::orv {
 
@@ -61,8 +62,7 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
         verdictOf(succeeded, checker.getErrors(), options.strict && !checker.getWarnings().empty());
     result.errors = checker.getErrors();
     if (!options.quiet && !options.json && isUnknown(result.errors)) {
-      std::cerr << "orv: " << file
-                << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
+      hintAtFormats(file);
     }
   } catch (const std::exception& error) {
     result.errors = checker.getErrors();

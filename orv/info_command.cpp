@@ -17,6 +17,7 @@
 #include "orv/ProgressBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
+#include "orv/hints.h"
 
 namespace velto::orv {
 
@@ -226,8 +227,7 @@ ProviderOwner openCase(const std::string& file) {
   }
   ProviderOwner provider(getDataProvider(file));
   if (!provider) {
-    std::cerr << "orv: " << file
-              << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
+    hintAtFormats(file);
     return nullptr;
   }
   provider->setBaseOption(true);

@@ -5,23 +5,13 @@
 
 #include "embedded/base/CaseConsumer.h"
 
-#include "data_access/OrvVersion.h"
-
 #include "embedded/base/OrvBaseState.h"
 
 namespace velto::base {
 
-void CaseConsumer::guarded(const std::string& what, const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const std::exception& error) {
-    coreOf(*this).messages.addError(what + ": " + error.what());
-  }
-}
-
 void CaseConsumer::onSink(const std::string& what,
                           const std::function<void(MeshArraySink&)>& operation) {
-  guarded(what, [&] { operation(sink(coreOf(*this).selection)); });
+  guarded(*this, what, [&] { operation(sink(coreOf(*this).selection)); });
 }
 
 // --- Files, brackets, settings -------------------------------------------------------------------
@@ -31,9 +21,10 @@ void CaseConsumer::setFileName(const std::string& path, OrvDataClass dataClass) 
 }
 
 void CaseConsumer::getFileVersion(OrvDataClass, int& major, int& minor, int& patch) {
-  major = static_cast<int>(OrvVersion::getMajor());
-  minor = static_cast<int>(OrvVersion::getMinor());
-  patch = static_cast<int>(OrvVersion::getPatch());
+  const FileVersion own = ownVersion();
+  major = own.major;
+  minor = own.minor;
+  patch = own.patch;
 }
 
 void CaseConsumer::writeStandardSettings(std::vector<std::pair<std::string, std::string>> entries,
@@ -46,7 +37,7 @@ void CaseConsumer::setMode(int) {}
 void CaseConsumer::setCompression(unsigned int level) { compression_ = level; }
 
 void CaseConsumer::startWriting(OrvDataClass dataClass) {
-  guarded("start of writing", [&] { open(dataClass); });
+  guarded(*this, "start of writing", [&] { open(dataClass); });
 }
 
 void CaseConsumer::endWriting(OrvDataClass dataClass) {
@@ -56,7 +47,7 @@ void CaseConsumer::endWriting(OrvDataClass dataClass) {
       deriveBoundingFaceZones(mesh.second);
     }
   }
-  guarded("end of writing", [&] { finish(dataClass); });
+  guarded(*this, "end of writing", [&] { finish(dataClass); });
 }
 
 void CaseConsumer::writeSettings(const std::vector<std::pair<std::string, std::string>>& entries,

@@ -120,8 +120,6 @@ class CaseConsumer : public OrvFileConsumer {
   unsigned int compression() const { return compression_; }
 
  private:
-  /// Runs an operation; what it throws becomes a pending error that names `what`.
-  void guarded(const std::string& what, const std::function<void()>& operation);
   /// Runs an operation on the sink of the selected mesh.
   void onSink(const std::string& what, const std::function<void(MeshArraySink&)>& operation);
 

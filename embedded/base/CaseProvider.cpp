@@ -108,17 +108,9 @@ MeshArrays* CaseProvider::arrays() {
   return found == arrays_.end() ? nullptr : found->second.get();
 }
 
-void CaseProvider::guarded(const std::string& what, const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const std::exception& error) {
-    coreOf(*this).messages.addError(what + ": " + error.what());
-  }
-}
-
 void CaseProvider::listZones(Family family, std::vector<int>& zoneIds) {
   zoneIds.clear();
-  guarded(familyName(family), [&] {
+  guarded(*this, familyName(family), [&] {
     if (MeshArrays* source = arrays()) {
       zoneIds = source->zones(family);
     }
@@ -130,17 +122,9 @@ void CaseProvider::warnOfShortRead(const std::string& what, std::size_t delivere
                                     " values are there, " + std::to_string(n) + " were expected");
 }
 
-namespace {
-
-std::string nameOf(Family family, int zoneId) {
-  return std::string(familyName(family)) + " of zone " + std::to_string(zoneId);
-}
-
-}  // namespace
-
 bool CaseProvider::uniformCount(Family family, int zoneId, short& count) {
   bool uniform = false;
-  guarded(nameOf(family, zoneId), [&] {
+  guarded(*this, familyName(family, zoneId), [&] {
     MeshArrays* source = arrays();
     uniform = source != nullptr && source->uniformCount(family, zoneId, count);
   });
@@ -148,22 +132,22 @@ bool CaseProvider::uniformCount(Family family, int zoneId, short& count) {
 }
 
 void CaseProvider::readCounts(Family family, int zoneId, short* counts, std::size_t n) {
-  guarded(nameOf(family, zoneId), [&] {
+  guarded(*this, familyName(family, zoneId), [&] {
     MeshArrays* source = arrays();
     const std::size_t delivered =
         source == nullptr ? 0 : source->readCounts(family, zoneId, counts, n);
     if (delivered < n) {
-      warnOfShortRead(nameOf(family, zoneId), delivered, n);
+      warnOfShortRead(familyName(family, zoneId), delivered, n);
     }
   });
 }
 
 void CaseProvider::readIds(Family family, int zoneId, std::uint64_t* ids, std::size_t n) {
-  guarded(nameOf(family, zoneId), [&] {
+  guarded(*this, familyName(family, zoneId), [&] {
     MeshArrays* source = arrays();
     const std::size_t delivered = source == nullptr ? 0 : source->readIds(family, zoneId, ids, n);
     if (delivered < n) {
-      warnOfShortRead(nameOf(family, zoneId), delivered, n);
+      warnOfShortRead(familyName(family, zoneId), delivered, n);
     }
   });
 }
@@ -181,7 +165,7 @@ std::vector<ZoneRange> CaseProvider::rangesOf(const std::vector<int>& zoneIds) {
 void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
   listZones(family, zoneIds);
   elementIds_.open(rangesOf(zoneIds), [this, family](int zone, ZoneValues<std::uint64_t>& values) {
-    guarded(nameOf(family, zone), [&] {
+    guarded(*this, familyName(family, zone), [&] {
       MeshArrays* source = arrays();
       if (source == nullptr) {  // another mesh was selected since
         return;

@@ -5,7 +5,6 @@
 #ifndef VELTO_EMBEDDED_BASE_CASE_PROVIDER_H
 #define VELTO_EMBEDDED_BASE_CASE_PROVIDER_H
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -126,9 +125,6 @@ class CaseProvider : public OrvFileProvider {
  private:
   /// The arrays of the selected mesh, or null.
   MeshArrays* arrays();
-
-  /// Runs an array operation; what it throws becomes a pending error that names `what`.
-  void guarded(const std::string& what, const std::function<void()>& operation);
 
   void listZones(Family family, std::vector<int>& zoneIds);
   bool uniformCount(Family family, int zoneId, short& count);

@@ -6,7 +6,14 @@
 
 #include <algorithm>
 
+#include "data_access/OrvVersion.h"
+
 namespace velto::base {
+
+FileVersion ownVersion() {
+  return {static_cast<int>(OrvVersion::getMajor()), static_cast<int>(OrvVersion::getMinor()),
+          static_cast<int>(OrvVersion::getPatch())};
+}
 
 const std::vector<int>& MeshTables::idsOf(OrvZoneCategory category) const {
   static const std::vector<int> kNone;
@@ -27,15 +34,23 @@ std::uint64_t MeshTables::zoneSize(int zoneId, OrvZoneSizeType key) const {
 namespace {
 
 template <class List, class Match>
-auto findIn(const List& list, Match match) -> decltype(list.data()) {
+auto findIn(List& list, Match match) -> decltype(list.data()) {
   const auto found = std::find_if(list.begin(), list.end(), match);
   return found == list.end() ? nullptr : &*found;
 }
 
 }  // namespace
 
+Phase* CaseTables::findPhase(short id) {
+  return findIn(phases, [id](const Phase& phase) { return phase.id == id; });
+}
+
 const Phase* CaseTables::findPhase(short id) const {
   return findIn(phases, [id](const Phase& phase) { return phase.id == id; });
+}
+
+Variable* CaseTables::findVariable(int id) {
+  return findIn(variables, [id](const Variable& variable) { return variable.id == id; });
 }
 
 const Variable* CaseTables::findVariable(int id) const {
@@ -46,6 +61,17 @@ const Variable* CaseTables::findVariable(const std::string& name) const {
   return findIn(variables, [&name](const Variable& variable) { return variable.name == name; });
 }
 
+int CaseTables::addVariable(const std::string& name) {
+  if (const Variable* known = findVariable(name)) {
+    return known->id;
+  }
+  Variable variable;
+  variable.id = static_cast<int>(variables.size() + 1);
+  variable.name = name;
+  variables.push_back(variable);
+  return variable.id;
+}
+
 const std::string* findAttribute(const Attributes& attributes, const std::string& name) {
   const auto* found =
       findIn(attributes, [&name](const auto& entry) { return entry.first == name; });
@@ -53,9 +79,8 @@ const std::string* findAttribute(const Attributes& attributes, const std::string
 }
 
 void setAttribute(Attributes& attributes, const std::string& name, const std::string& value) {
-  const auto found = std::find_if(attributes.begin(), attributes.end(),
-                                  [&name](const auto& entry) { return entry.first == name; });
-  if (found == attributes.end()) {
+  auto* found = findIn(attributes, [&name](const auto& entry) { return entry.first == name; });
+  if (found == nullptr) {
     attributes.emplace_back(name, value);
   } else {
     found->second = value;

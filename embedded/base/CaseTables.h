@@ -89,6 +89,9 @@ struct FileVersion {
   int patch = 0;
 };
 
+/// The version that this library writes.
+FileVersion ownVersion();
+
 /// A whole case but for its bulk arrays. Copies share the location model, which is never changed
 /// once it stands here.
 struct CaseTables {
@@ -102,9 +105,14 @@ struct CaseTables {
   std::vector<Phase> phases;
   std::vector<Variable> variables;
 
+  Phase* findPhase(short id);
   const Phase* findPhase(short id) const;
+  Variable* findVariable(int id);
   const Variable* findVariable(int id) const;
   const Variable* findVariable(const std::string& name) const;
+
+  /// Registers a variable and gives its id; a name that is known keeps its id.
+  int addVariable(const std::string& name);
 };
 
 /// The value of an attribute, or null.

@@ -5,7 +5,7 @@
 #ifndef VELTO_EMBEDDED_BASE_FAMILY_H
 #define VELTO_EMBEDDED_BASE_FAMILY_H
 
-#include "data_access/OrvTypes.h"
+#include <string>
 
 namespace velto::base {
 
@@ -49,6 +49,11 @@ inline const char* familyName(Family family) {
       return "cell partitions";
   }
   return "unknown";
+}
+
+/// "face nodes of zone 7", for messages.
+inline std::string familyName(Family family, int zone) {
+  return std::string(familyName(family)) + " of zone " + std::to_string(zone);
 }
 
 }  // namespace velto::base

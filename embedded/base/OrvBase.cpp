@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <type_traits>
 
 #include "embedded/base/OrvBaseState.h"
 
@@ -22,39 +21,8 @@ namespace {
 using base::CaseCore;
 using base::coreOf;
 using base::MeshTables;
+using base::observe;
 using base::ZoneRecord;
-
-std::string text(const std::string& value) { return value; }
-std::string text(bool value) { return value ? "true" : "false"; }
-template <class Number>
-std::string text(Number value) {
-  if constexpr (std::is_enum_v<Number>) {
-    return std::to_string(static_cast<int>(value));
-  } else {
-    return std::to_string(value);
-  }
-}
-
-std::string text(const std::vector<int>& values) {
-  std::string list;
-  for (const int value : values) {
-    list += (list.empty() ? "" : ", ") + text(value);
-  }
-  return "[" + list + "]";
-}
-
-/// Tells the observer, if there is one, of a call with its input arguments.
-template <class... Arguments>
-void observe(const OrvBase& object, const char* operation, const Arguments&... arguments) {
-  base::QueryObserver* observer = coreOf(object).observer;
-  if (observer == nullptr) {
-    return;
-  }
-  std::string call = std::string(operation) + "(";
-  [[maybe_unused]] const char* separator = "";
-  ((call += separator + text(arguments), separator = ", "), ...);
-  observer->onQuery(call + ")");
-}
 
 /// Copies the entry of `key`, if there is one.
 template <class Table, class Key, class Value>

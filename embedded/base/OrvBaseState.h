@@ -5,6 +5,7 @@
 #ifndef VELTO_EMBEDDED_BASE_ORV_BASE_STATE_H
 #define VELTO_EMBEDDED_BASE_ORV_BASE_STATE_H
 
+#include <exception>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,7 @@
 
 #include "embedded/base/CaseTables.h"
 #include "embedded/base/Messages.h"
+#include "embedded/base/call_text.h"
 
 namespace velto::base {
 
@@ -63,6 +65,25 @@ struct OrvBase::State {
 namespace base {
 
 inline CaseCore& coreOf(const OrvBase& object) { return *OrvBase::State::of(object).core; }
+
+/// Runs an operation at the border of a provider or consumer: what it throws becomes a pending
+/// error that names `what`.
+template <class Operation>
+void guarded(const OrvBase& object, const std::string& what, const Operation& operation) {
+  try {
+    operation();
+  } catch (const std::exception& error) {
+    coreOf(object).messages.addError(what + ": " + error.what());
+  }
+}
+
+/// Tells the observer, if there is one, of a call with its input arguments. Costs nothing else.
+template <class... Arguments>
+void observe(const OrvBase& object, const char* operation, const Arguments&... arguments) {
+  if (QueryObserver* observer = coreOf(object).observer) {
+    observer->onQuery(callText(operation, arguments...));
+  }
+}
 
 }  // namespace base
 

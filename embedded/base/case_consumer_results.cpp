@@ -9,18 +9,6 @@
 
 namespace velto::base {
 
-namespace {
-
-/// The entry with that id, or null.
-template <class List, class Id>
-auto entryOf(List& list, Id id) -> decltype(list.data()) {
-  const auto found =
-      std::find_if(list.begin(), list.end(), [id](const auto& entry) { return entry.id == id; });
-  return found == list.end() ? nullptr : &*found;
-}
-
-}  // namespace
-
 void CaseConsumer::addPhases(const std::vector<std::string>& names, std::vector<short>& phaseIds) {
   std::vector<Phase>& phases = coreOf(*this).tables.phases;
   phaseIds.clear();
@@ -41,13 +29,13 @@ void CaseConsumer::addPhases(const std::vector<std::string>& names, std::vector<
 
 void CaseConsumer::setPhaseAttribute(short phaseId, const std::string& name,
                                      const std::string& value) {
-  if (Phase* phase = entryOf(coreOf(*this).tables.phases, phaseId)) {
+  if (Phase* phase = coreOf(*this).tables.findPhase(phaseId)) {
     setAttribute(phase->attributes, name, value);
   }
 }
 
 void CaseConsumer::setPhaseDescription(short phaseId, const std::string& text) {
-  if (Phase* phase = entryOf(coreOf(*this).tables.phases, phaseId)) {
+  if (Phase* phase = coreOf(*this).tables.findPhase(phaseId)) {
     phase->description = text;
   }
 }
@@ -55,27 +43,18 @@ void CaseConsumer::setPhaseDescription(short phaseId, const std::string& text) {
 void CaseConsumer::beginPhase(short phaseId) { variable_ = {phaseId, zoneCategoryNode, ""}; }
 
 void CaseConsumer::addVariable(const std::string& name, int& variableId) {
-  CaseTables& tables = coreOf(*this).tables;
-  if (const Variable* known = tables.findVariable(name)) {
-    variableId = known->id;
-    return;
-  }
-  Variable variable;
-  variable.id = static_cast<int>(tables.variables.size() + 1);
-  variable.name = name;
-  tables.variables.push_back(variable);
-  variableId = variable.id;
+  variableId = coreOf(*this).tables.addVariable(name);
 }
 
 void CaseConsumer::setVariableAttribute(int variableId, const std::string& name,
                                         const std::string& value) {
-  if (Variable* variable = entryOf(coreOf(*this).tables.variables, variableId)) {
+  if (Variable* variable = coreOf(*this).tables.findVariable(variableId)) {
     setAttribute(variable->attributes, name, value);
   }
 }
 
 void CaseConsumer::setVariableDescription(int variableId, const std::string& text) {
-  if (Variable* variable = entryOf(coreOf(*this).tables.variables, variableId)) {
+  if (Variable* variable = coreOf(*this).tables.findVariable(variableId)) {
     variable->description = text;
   }
 }

@@ -15,7 +15,7 @@ void CaseProvider::beginNodeCoordinates(std::vector<int>& zoneIds) {
 
 std::size_t CaseProvider::readNodeCoordinates(int zoneId, double* values, std::size_t n) {
   std::size_t delivered = 0;
-  guarded("node coordinates of zone " + std::to_string(zoneId), [&] {
+  guarded(*this, familyName(Family::nodeCoordinates, zoneId), [&] {
     if (MeshArrays* source = arrays()) {
       delivered = source->readCoordinates(zoneId, values, n);
     }
@@ -136,7 +136,7 @@ void CaseProvider::endFaceShadows() { elementIds_.close(); }
 void CaseProvider::beginFaceTree(std::vector<int>& parentZoneIds, std::vector<int>& childZoneIds) {
   listZones(Family::faceTree, parentZoneIds);
   childZoneIds.clear();
-  guarded("face tree", [&] {
+  guarded(*this, "face tree", [&] {
     if (MeshArrays* source = arrays()) {
       childZoneIds = source->treeChildZones();
     }
@@ -150,7 +150,7 @@ void CaseProvider::endFaceTree() {}
 void CaseProvider::beginCellTypes(std::vector<int>& zoneIds) {
   listZones(Family::cellTypes, zoneIds);
   elementTypes_.open(rangesOf(zoneIds), [this](int zone, ZoneValues<int>& values) {
-    guarded("cell types of zone " + std::to_string(zone), [&] {
+    guarded(*this, familyName(Family::cellTypes, zone), [&] {
       MeshArrays* source = arrays();
       if (source == nullptr) {  // another mesh was selected since
         return;
@@ -169,7 +169,7 @@ void CaseProvider::beginCellTypes(std::vector<int>& zoneIds) {
 
 bool CaseProvider::getUniformCellType(int zoneId, int& type) {
   bool uniform = false;
-  guarded("cell types of zone " + std::to_string(zoneId), [&] {
+  guarded(*this, familyName(Family::cellTypes, zoneId), [&] {
     MeshArrays* source = arrays();
     uniform = source != nullptr && source->uniformCellType(zoneId, type);
   });
@@ -180,7 +180,7 @@ int CaseProvider::getCellType(std::uint64_t cellId) { return elementTypes_.get(c
 
 std::size_t CaseProvider::readCellTypes(int zoneId, int* types, std::size_t n) {
   std::size_t delivered = 0;
-  guarded("cell types of zone " + std::to_string(zoneId), [&] {
+  guarded(*this, familyName(Family::cellTypes, zoneId), [&] {
     if (MeshArrays* source = arrays()) {
       delivered = source->readCellTypes(zoneId, types, n);
     }
@@ -198,7 +198,7 @@ void CaseProvider::beginCellPartitions(std::vector<int>& zoneIds) {
 
 int CaseProvider::getCellPartitionInfo(int zoneId) {
   int info = 0;
-  guarded("cell partitions of zone " + std::to_string(zoneId), [&] {
+  guarded(*this, familyName(Family::cellPartitions, zoneId), [&] {
     if (MeshArrays* source = arrays()) {
       info = source->partitionInfo(zoneId);
     }
@@ -207,8 +207,8 @@ int CaseProvider::getCellPartitionInfo(int zoneId) {
 }
 
 void CaseProvider::readCellPartitions(int zoneId, int* partitions, std::size_t n) {
-  const std::string what = "cell partitions of zone " + std::to_string(zoneId);
-  guarded(what, [&] {
+  const std::string what = familyName(Family::cellPartitions, zoneId);
+  guarded(*this, what, [&] {
     MeshArrays* source = arrays();
     const std::size_t delivered =
         source == nullptr ? 0 : source->readCellPartitions(zoneId, partitions, n);
@@ -286,7 +286,7 @@ bool CaseProvider::getVariableDescription(int variableId, std::string& text) {
 
 void CaseProvider::getVariableNames(OrvZoneCategory category, std::vector<std::string>& names) {
   names.clear();
-  guarded("variable names", [&] {
+  guarded(*this, "variable names", [&] {
     if (MeshArrays* source = arrays()) {
       names = source->variableNames(variable_.phase, category);
     }
@@ -299,7 +299,7 @@ std::size_t CaseProvider::beginVariable(OrvZoneCategory category, const std::str
   variable_.name = name;
   zoneIds.clear();
   std::size_t valuesPerEntity = 0;
-  guarded("variable " + name, [&] {
+  guarded(*this, "variable " + name, [&] {
     if (MeshArrays* source = arrays()) {
       valuesPerEntity = source->variableZones(variable_, zoneIds);
     }
@@ -309,7 +309,7 @@ std::size_t CaseProvider::beginVariable(OrvZoneCategory category, const std::str
 
 std::size_t CaseProvider::readVariable(int zoneId, double* values, std::size_t n) {
   std::size_t delivered = 0;
-  guarded("variable " + variable_.name + " of zone " + std::to_string(zoneId), [&] {
+  guarded(*this, "variable " + variable_.name + " of zone " + std::to_string(zoneId), [&] {
     if (MeshArrays* source = arrays()) {
       delivered = source->readVariable(variable_, zoneId, values, n);
     }

@@ -10,18 +10,10 @@
 
 namespace velto {
 
-namespace {
-
-void observe(const OrvBase& object, const std::string& call) {
-  if (base::QueryObserver* observer = base::coreOf(object).observer) {
-    observer->onQuery(call);
-  }
-}
-
-}  // namespace
+using base::observe;
 
 bool OrvProvider::hasTarget(OrvTargetCategory category) const {
-  observe(*this, "hasTarget(" + std::to_string(category) + ")");
+  observe(*this, "hasTarget", category);
   for (const auto& mesh : base::coreOf(*this).tables.meshes) {
     if (mesh.first.target == category) {
       return true;
@@ -32,8 +24,7 @@ bool OrvProvider::hasTarget(OrvTargetCategory category) const {
 
 OrvVariant OrvProvider::getSettings(OrvDataClass dataClass, const std::string& path,
                                     short flag) const {
-  observe(*this, "getSettings(" + std::to_string(dataClass) + ", " + path + ", " +
-                     std::to_string(flag) + ")");
+  observe(*this, "getSettings", dataClass, path, flag);
   const base::CaseTables& tables = base::coreOf(*this).tables;
   const auto store = tables.settings.find({dataClass, _defaultSettingsPath});
   if (store == tables.settings.end()) {
@@ -49,7 +40,7 @@ OrvVariant OrvProvider::getSettings(OrvDataClass dataClass, const std::string& p
 }
 
 bool OrvProvider::getVariableId(const std::string& name, int& id) const {
-  observe(*this, "getVariableId(" + name + ")");
+  observe(*this, "getVariableId", name);
   const base::Variable* variable = base::coreOf(*this).tables.findVariable(name);
   if (variable == nullptr) {
     return false;
@@ -59,7 +50,7 @@ bool OrvProvider::getVariableId(const std::string& name, int& id) const {
 }
 
 void OrvConsumer::setLocationModel(const OrvLocationModel* model) const {
-  observe(*this, model == nullptr ? "setLocationModel(null)" : "setLocationModel(model)");
+  observe(*this, "setLocationModel", std::string(model == nullptr ? "null" : "model"));
   std::shared_ptr<const OrvLocationModel> taken;
   if (model != nullptr) {
     taken = OrvLocationModel::State::copy(*model);

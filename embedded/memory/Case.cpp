@@ -4,11 +4,14 @@
 
 #include "embedded/memory/Case.h"
 
+#include <algorithm>
+
 #include "data_access/OrvBase.h"
 
 namespace velto::memory {
 
 using base::Family;
+using base::VariableKey;
 
 ZoneList<CountedData>& MeshData::counted(Family family) {
   if (family == Family::cellNodes) {
@@ -30,6 +33,23 @@ ZoneList<Slice<std::uint64_t>>& MeshData::faceIds(Family family) {
 
 const ZoneList<Slice<std::uint64_t>>& MeshData::faceIds(Family family) const {
   return const_cast<MeshData*>(this)->faceIds(family);
+}
+
+const VariableData* MeshData::findVariable(const VariableKey& key) const {
+  const auto list = variables.find({key.phase, key.category});
+  if (list == variables.end()) {
+    return nullptr;
+  }
+  const auto found = std::find_if(list->second.begin(), list->second.end(),
+                                  [&key](const auto& entry) { return entry.first == key.name; });
+  return found == list->second.end() ? nullptr : &found->second;
+}
+
+VariableData& MeshData::variable(const VariableKey& key) {
+  if (const VariableData* known = findVariable(key)) {
+    return const_cast<VariableData&>(*known);
+  }
+  return variables[{key.phase, key.category}].emplace_back(key.name, VariableData{}).second;
 }
 
 void Case::setSetting(const std::string& key, const std::string& value) {

@@ -17,6 +17,7 @@
 
 #include "embedded/base/CaseTables.h"
 #include "embedded/base/Family.h"
+#include "embedded/base/MeshArrays.h"
 #include "embedded/memory/Slice.h"
 #include "embedded/memory/ZoneList.h"
 
@@ -65,6 +66,10 @@ struct MeshData {
   using VariableList = std::vector<std::pair<std::string, VariableData>>;
   /// Variables in order, by phase and kind of zone.
   std::map<std::pair<short, OrvZoneCategory>, VariableList> variables;
+
+  /// Where a variable has its values: made if it is not there, or null if it is not.
+  VariableData& variable(const base::VariableKey& key);
+  const VariableData* findVariable(const base::VariableKey& key) const;
 
   /// The zone list of a counted family.
   ZoneList<CountedData>& counted(base::Family family);

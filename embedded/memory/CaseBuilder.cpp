@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-#include "data_access/OrvVersion.h"
-
 #include "embedded/base/zone_relations.h"
 
 namespace velto::memory {
@@ -50,9 +48,7 @@ int commonShape(const std::vector<int>& shapes) {
 
 CaseBuilder::CaseBuilder(int dimension) {
   case_.tables.solverType = "VELTO_GENERIC";
-  case_.tables.version = {static_cast<int>(OrvVersion::getMajor()),
-                          static_cast<int>(OrvVersion::getMinor()),
-                          static_cast<int>(OrvVersion::getPatch())};
+  case_.tables.version = base::ownVersion();
   mesh({}, dimension);
 }
 
@@ -187,21 +183,10 @@ CaseBuilder& CaseBuilder::phase(short id, const std::string& name) {
 CaseBuilder& CaseBuilder::variable(short phase, OrvZoneCategory category, const std::string& name,
                                    int zone, std::size_t valuesPerEntity,
                                    const std::vector<double>& values) {
-  if (case_.tables.findVariable(name) == nullptr) {
-    base::Variable variable;
-    variable.id = static_cast<int>(case_.tables.variables.size() + 1);
-    variable.name = name;
-    case_.tables.variables.push_back(variable);
-  }
-  auto& list = arrays().variables[{phase, category}];
-  auto known = std::find_if(list.begin(), list.end(),
-                            [&name](const auto& entry) { return entry.first == name; });
-  if (known == list.end()) {
-    list.emplace_back(name, VariableData{});
-    known = std::prev(list.end());
-  }
-  known->second.valuesPerEntity = valuesPerEntity;
-  known->second.zones[zone] = Slice<double>(values);
+  case_.tables.addVariable(name);
+  VariableData& held = arrays().variable({phase, category, name});
+  held.valuesPerEntity = valuesPerEntity;
+  held.zones[zone] = Slice<double>(values);
   return *this;
 }
 

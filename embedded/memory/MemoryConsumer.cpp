@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-#include "data_access/OrvVersion.h"
-
 #include "embedded/base/OrvBaseState.h"
 
 namespace velto::memory {
@@ -77,13 +75,13 @@ class MemoryConsumer::Sink : public base::MeshArraySink {
   void declareVariables(short phase, OrvZoneCategory category,
                         const std::vector<std::string>& names) override {
     for (const std::string& name : names) {
-      variable({phase, category, name});
+      data_.variable({phase, category, name});
     }
   }
 
   void beginVariable(const VariableKey& key, const std::vector<int>& zones,
                      std::size_t valuesPerEntity) override {
-    VariableData& held = variable(key);
+    VariableData& held = data_.variable(key);
     held.valuesPerEntity = valuesPerEntity;
     for (const int zone : zones) {
       held.zones[zone];
@@ -92,7 +90,7 @@ class MemoryConsumer::Sink : public base::MeshArraySink {
 
   void writeVariable(const VariableKey& key, int zone, const double* values,
                      std::size_t n) override {
-    variable(key).zones[zone] = copied(values, n);
+    data_.variable(key).zones[zone] = copied(values, n);
   }
 
  private:
@@ -124,16 +122,6 @@ class MemoryConsumer::Sink : public base::MeshArraySink {
     }
   }
 
-  VariableData& variable(const VariableKey& key) {
-    auto& list = data_.variables[{key.phase, key.category}];
-    const auto known = std::find_if(list.begin(), list.end(),
-                                    [&key](const auto& entry) { return entry.first == key.name; });
-    if (known != list.end()) {
-      return known->second;
-    }
-    return list.emplace_back(key.name, VariableData{}).second;
-  }
-
   MeshData data_;
 };
 
@@ -154,9 +142,7 @@ void MemoryConsumer::finish(OrvDataClass) {}
 std::shared_ptr<Case> MemoryConsumer::takeCase() const {
   auto taken = std::make_shared<Case>();
   taken->tables = base::coreOf(*this).tables;
-  taken->tables.version = {static_cast<int>(OrvVersion::getMajor()),
-                           static_cast<int>(OrvVersion::getMinor()),
-                           static_cast<int>(OrvVersion::getPatch())};
+  taken->tables.version = base::ownVersion();
   for (const auto& entry : sinks_) {
     taken->data[entry.first] = entry.second->data();
   }

@@ -131,7 +131,7 @@ class MemoryArrays : public base::MeshArrays {
   }
 
   std::size_t variableZones(const VariableKey& key, std::vector<int>& zones) override {
-    const VariableData* found = variable(key);
+    const VariableData* found = data_.findVariable(key);
     if (found == nullptr) {
       return 0;
     }
@@ -141,7 +141,7 @@ class MemoryArrays : public base::MeshArrays {
 
   std::size_t readVariable(const VariableKey& key, int zone, double* values,
                            std::size_t n) override {
-    const VariableData* found = variable(key);
+    const VariableData* found = data_.findVariable(key);
     const Slice<double>* held = found == nullptr ? nullptr : found->zones.find(zone);
     return held == nullptr ? 0 : held->copyTo(values, n);
   }
@@ -162,16 +162,6 @@ class MemoryArrays : public base::MeshArrays {
       default:
         return nullptr;
     }
-  }
-
-  const VariableData* variable(const VariableKey& key) const {
-    const auto list = data_.variables.find({key.phase, key.category});
-    if (list == data_.variables.end()) {
-      return nullptr;
-    }
-    const auto found = std::find_if(list->second.begin(), list->second.end(),
-                                    [&key](const auto& entry) { return entry.first == key.name; });
-    return found == list->second.end() ? nullptr : &found->second;
   }
 
   const std::shared_ptr<const Case> owner_;

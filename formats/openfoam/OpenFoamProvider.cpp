@@ -6,8 +6,6 @@
 
 #include <memory>
 
-#include "data_access/OrvVersion.h"
-
 #include "embedded/base/CaseError.h"
 #include "embedded/base/OrvBaseState.h"
 #include "embedded/base/Progress.h"
@@ -24,9 +22,7 @@ void OpenFoamProvider::open(const std::string& fileName, OrvDataClass dataClass)
   }
   auto opened = std::make_shared<memory::Case>();
   // The files carry no version of ours: what this library makes of them is of its own version.
-  opened->tables.version = {static_cast<int>(OrvVersion::getMajor()),
-                            static_cast<int>(OrvVersion::getMinor()),
-                            static_cast<int>(OrvVersion::getPatch())};
+  opened->tables.version = base::ownVersion();
   opened->tables.solverType = "VELTO_GENERIC";
   for (const MeshFolder& folder : meshFolders(fileName)) {
     const auto progress = [&](std::uint64_t done, std::uint64_t total) {

@@ -15,7 +15,7 @@
 #include "factory/formats.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "testing/PolyMeshWriter.h"
-#include "tests/formats/openfoam/TempFolder.h"
+#include "testing/TempFolder.h"
 
 namespace velto {
 namespace {
@@ -27,7 +27,7 @@ std::unique_ptr<OrvFileIO> owned(Object* made) {
 }
 
 TEST(GetDataProvider, RecognisesAMeshByItsContent) {
-  const openfoam::TempFolder temp;
+  const testing::TempFolder temp;
   testing::writePolyMesh(temp.path("mesh"), testing::makeBox(1, 1, 1));
   OrvFileProvider* made = getDataProvider(temp.path("mesh"));
   const auto owner = owned(made);
@@ -35,7 +35,7 @@ TEST(GetDataProvider, RecognisesAMeshByItsContent) {
 }
 
 TEST(GetDataProvider, GivesAProviderOfItsOwnEachTime) {
-  const openfoam::TempFolder temp;
+  const testing::TempFolder temp;
   testing::writePolyMesh(temp.path("mesh"), testing::makeBox(1, 1, 1));
   const auto first = owned(getDataProvider(temp.path("mesh")));
   const auto second = owned(getDataProvider(temp.path("mesh")));
@@ -43,7 +43,7 @@ TEST(GetDataProvider, GivesAProviderOfItsOwnEachTime) {
 }
 
 TEST(GetDataProvider, GivesNoneForWhatNoFormatKnows) {
-  const openfoam::TempFolder temp;
+  const testing::TempFolder temp;
   testing::writeTextFile(temp.path("points"), "1 2 3\n");
   EXPECT_EQ(getDataProvider(temp.path("points")), nullptr);
   EXPECT_EQ(getDataProvider(temp.path()), nullptr);

@@ -4,11 +4,9 @@
 
 #include "tests/formats/openfoam/FolderTest.h"
 
-#include <atomic>
 #include <filesystem>
 #include <map>
 #include <sstream>
-#include <unistd.h>
 
 #include "formats/openfoam/read_poly_mesh.h"
 #include "testing/PolyMeshWriter.h"
@@ -93,12 +91,7 @@ std::string describe(const PolyMesh& mesh) {
   return out.str();
 }
 
-FolderTest::FolderTest() {
-  static std::atomic<int> count = 0;
-  folder_ = (std::filesystem::temp_directory_path() /
-             ("velto_openfoam_" + std::to_string(getpid()) + "_" + std::to_string(++count)))
-                .string();
-  std::filesystem::create_directories(folder_);
+FolderTest::FolderTest() : folder_(temp_.path()) {
   writeList("points", "8((0 0 0)(1 0 0)(0 1 0)(1 1 0)(0 0 1)(1 0 1)(0 1 1)(1 1 1))");
   writeList("faces", "6(4(0 4 6 2)4(1 3 7 5)4(0 1 5 4)4(2 6 7 3)4(0 2 3 1)4(4 5 7 6))");
   writeList("owner", "6(0 0 0 0 0 0)");
@@ -106,10 +99,7 @@ FolderTest::FolderTest() {
   writeList("boundary", "1(walls { type wall; nFaces 6; startFace 0; })");
 }
 
-FolderTest::~FolderTest() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
+FolderTest::~FolderTest() = default;
 
 void FolderTest::write(const std::string& name, const std::string& content, bool gzip) const {
   velto::testing::writeTextFile(path(name), content, gzip);

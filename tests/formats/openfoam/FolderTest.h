@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "formats/openfoam/PolyMesh.h"
+#include "testing/TempFolder.h"
 
 namespace velto::openfoam {
 
@@ -50,7 +51,8 @@ class FolderTest : public ::testing::Test {
   /// does not end with one.
   std::string error() const;
 
-  std::string folder_;
+  const testing::TempFolder temp_;
+  const std::string folder_;
 };
 
 }  // namespace velto::openfoam

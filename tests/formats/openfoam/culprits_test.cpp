@@ -8,7 +8,7 @@
 
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "testing/PolyMeshWriter.h"
-#include "tests/formats/openfoam/TempFolder.h"
+#include "testing/TempFolder.h"
 
 namespace velto::openfoam {
 namespace {
@@ -18,7 +18,7 @@ using testing::makeBox;
 
 /// The warnings of a mesh, without prefix and folder, one a line.
 std::string warningsOf(const BoxMesh& mesh, const testing::WriteOptions& options = {}) {
-  TempFolder temp;
+  testing::TempFolder temp;
   writePolyMesh(temp.path("m"), mesh, options);
   OpenFoamProvider provider;
   EXPECT_TRUE(provider.startReading(temp.path("m"), dataClassCase));

@@ -8,7 +8,7 @@
 
 #include "embedded/base/CaseError.h"
 #include "testing/PolyMeshWriter.h"
-#include "tests/formats/openfoam/TempFolder.h"
+#include "testing/TempFolder.h"
 
 namespace velto::openfoam {
 namespace {
@@ -38,7 +38,7 @@ struct Locate : ::testing::Test {
     EXPECT_EQ(folders.front().partition, -1) << name;
   }
 
-  TempFolder temp;
+  testing::TempFolder temp;
 };
 
 TEST_F(Locate, FindsTheMeshByItsFolderItsFilesItsConstantFolderAndItsCase) {

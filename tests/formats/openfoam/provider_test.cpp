@@ -10,7 +10,7 @@
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/case_from_poly_mesh.h"
 #include "testing/PolyMeshWriter.h"
-#include "tests/formats/openfoam/TempFolder.h"
+#include "testing/TempFolder.h"
 #include "tests/formats/openfoam/describe_case.h"
 
 namespace velto::openfoam {
@@ -32,7 +32,7 @@ struct Provider : ::testing::Test {
     EXPECT_EQ(provider.getWarnings(true, true), std::vector<std::string>());
   }
 
-  TempFolder temp;
+  testing::TempFolder temp;
   OpenFoamProvider provider;
 };
 

@@ -2,12 +2,12 @@
 //
 // callText: how the arguments of a call are written.
 
-#include "testing/call_text.h"
+#include "embedded/base/call_text.h"
 
 #include <array>
 #include <charconv>
 
-namespace velto::testing {
+namespace velto::base {
 
 std::string argumentText(double value) {
   std::array<char, 32> digits{};
@@ -23,6 +23,4 @@ std::string argumentText(const std::pair<std::string, std::string>& entry) {
   return entry.first + " = " + entry.second;
 }
 
-std::string operationOf(const std::string& call) { return call.substr(0, call.find('(')); }
-
-}  // namespace velto::testing
+}  // namespace velto::base

@@ -2,15 +2,15 @@
 //
 // TempFolder: a folder of a test's own, gone when the test is.
 
-#ifndef VELTO_TESTS_FORMATS_OPENFOAM_TEMP_FOLDER_H
-#define VELTO_TESTS_FORMATS_OPENFOAM_TEMP_FOLDER_H
+#ifndef VELTO_TESTING_TEMP_FOLDER_H
+#define VELTO_TESTING_TEMP_FOLDER_H
 
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 
-namespace velto::openfoam {
+namespace velto::testing {
 
 class TempFolder {
  public:
@@ -37,6 +37,6 @@ class TempFolder {
   std::string path_;
 };
 
-}  // namespace velto::openfoam
+}  // namespace velto::testing
 
-#endif  // VELTO_TESTS_FORMATS_OPENFOAM_TEMP_FOLDER_H
+#endif  // VELTO_TESTING_TEMP_FOLDER_H

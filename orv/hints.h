@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What orv tells a user beyond the messages of the tools.
+
+#ifndef VELTO_ORV_HINTS_H
+#define VELTO_ORV_HINTS_H
+
+#include <iostream>
+#include <string>
+
+namespace velto::orv {
+
+/// Says on standard error where to look when no format recognises a file.
+inline void hintAtFormats(const std::string& file) {
+  std::cerr << "orv: " << file
+            << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
+}
+
+}  // namespace velto::orv
+
+#endif  // VELTO_ORV_HINTS_H
