@@ -258,6 +258,24 @@ bool OrvChecker::walkTarget(int mesh, int category, const std::vector<int>& part
   return true;
 }
 
-bool OrvChecker::checkSelected() { return checkLevel < 1 || checkMeshSize(); }
+bool OrvChecker::checkSelected() {
+  if (checkLevel < 1) {
+    return true;
+  }
+  return checkMeshSize() && checkMeshConnectivity() &&
+         passAll({&OrvChecker::checkCellZoneConnectivityTypes, &OrvChecker::checkNodeZones,
+                  &OrvChecker::checkFaceZones, &OrvChecker::checkCellZones});
+}
+
+/// Runs checks until the library has an error; what they find themselves ends nothing.
+bool OrvChecker::passAll(const std::vector<bool (OrvChecker::*)()>& checks) {
+  for (const auto check : checks) {
+    (this->*check)();
+    if (!checkORVErrors()) {
+      return false;
+    }
+  }
+  return true;
+}
 
 }  // namespace velto

@@ -5,9 +5,11 @@
 #ifndef VELTO_ORV_CHECKER_H
 #define VELTO_ORV_CHECKER_H
 
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "velto/export.h"
@@ -16,6 +18,8 @@
 #include "data_access/fwd.h"
 
 namespace velto {
+
+class ZoneIdList;
 
 /// Validates a case file and keeps what it finds as two lists of texts.
 ///
@@ -97,11 +101,34 @@ class VELTO_EXPORT OrvChecker {
   bool walkMesh(int mesh, std::set<int>& targetsMet);
   bool walkTarget(int mesh, int category, const std::vector<int>& partitions);
   bool checkSelected();
+  bool passAll(const std::vector<bool (OrvChecker::*)()>& checks);
 
   // file_checks.cpp: the file as a whole, and the sizes of a mesh
   bool checkVersion(OrvDataClass dataClass);
   bool checkSolverType();
   bool checkMeshSize();
+
+  // zone_connectivity.cpp: which zones bound which, and how the cells of each are described
+  bool checkMeshConnectivity();
+  bool checkBoundingFaceZones(int zone, const ZoneIdList& faceZones, bool restart);
+  bool checkSideCellZones(int zone, int side, const ZoneIdList& cellZones, bool restart);
+  bool checkCellZoneConnectivityTypes();
+  int addCellFaces(int zone, int kind);
+  int judgeConnectivity(int zone, int kind, bool restart);
+
+  // zone_tables.cpp: sizes, ranges, names, types and links of zones
+  struct ZoneTable;
+  ZoneTable readZoneTable(OrvMeshSizeType count, OrvZoneCategory category);
+  bool checkNodeZones();
+  bool checkFaceZones();
+  bool checkCellZones();
+  bool checkZoneCommonAttributes(std::vector<int> zoneIds, std::uint64_t nmax,
+                                 const std::string& kind);
+  bool checkZoneRanges(std::vector<std::pair<int, int>> ranges, const std::string& kind);
+  void checkFaceZone(int zone, std::uint64_t dimension, const ZoneIdList& known,
+                     const ZoneIdList& treeZones);
+  void checkShadowLink(int zone, int shadow, const ZoneIdList& known);
+  void checkCellZone(int zone, std::uint64_t dimension, const ZoneIdList& known, int connectivity);
 
   std::shared_ptr<ProviderSlot> provider;
   int verbosity = 1;
@@ -110,6 +137,9 @@ class VELTO_EXPORT OrvChecker {
   int meshId = 0;
   int partitionId = -1;
   int target = -1;
+  /// Of the mesh walked last: its form, and the kind of each of its cell zones.
+  int cellsFromFacesMode = 0;
+  std::vector<int> cellZoneConnectivityTypes;
   std::string currentStep;
   std::vector<std::string> errors;
   std::vector<std::string> warnings;
