@@ -22,6 +22,7 @@ using base::boundaryPeriodic;
 using base::boundaryPeriodicShadow;
 using base::boundaryWall;
 using base::cellShapeHexahedron;
+using base::cellShapePolyhedron;
 using base::cellShapeQuadrilateral;
 using base::MeshKey;
 using memory::CaseBuilder;
@@ -36,36 +37,78 @@ const Points& cubePoints() {
   return kPoints;
 }
 
-const Points& boxPoints() {
-  static const Points kPoints = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 1, 0},
-                                 {0, 0, 1}, {1, 0, 1}, {2, 0, 1}, {0, 1, 1}, {1, 1, 1}, {2, 1, 1}};
-  return kPoints;
-}
-
 /// The faces of the unit cube: left, right, front, back, bottom, top.
 std::vector<FaceLine> cubeFaces() {
   return {{{1, 5, 8, 4}, 1}, {{2, 3, 7, 6}, 1}, {{1, 2, 6, 5}, 1},
           {{4, 8, 7, 3}, 1}, {{1, 4, 3, 2}, 1}, {{5, 6, 7, 8}, 1}};
 }
 
-/// The boundary faces of the box of two, those of the first cell and those of the second.
-std::vector<FaceLine> firstWalls() {
-  return {{{1, 7, 10, 4}, 1},
-          {{1, 2, 8, 7}, 1},
-          {{4, 10, 11, 5}, 1},
-          {{1, 4, 5, 2}, 1},
-          {{7, 8, 11, 10}, 1}};
-}
+/// A row of unit cubes along x, numbered as the box of two above.
+class Row {
+ public:
+  explicit Row(int cells) : cells_(cells) {}
 
-std::vector<FaceLine> secondWalls() {
-  return {{{3, 6, 12, 9}, 2},
-          {{2, 3, 9, 8}, 2},
-          {{5, 11, 12, 6}, 2},
-          {{2, 5, 6, 3}, 2},
-          {{8, 9, 12, 11}, 2}};
-}
+  Points points() const {
+    Points points;
+    for (const double z : {0, 1}) {
+      for (const double y : {0, 1}) {
+        for (int x = 0; x <= cells_; ++x) {
+          points.push_back({static_cast<double>(x), y, z});
+        }
+      }
+    }
+    return points;
+  }
 
-const FaceLine kBetween = {{2, 5, 11, 8}, 1, 2};
+  /// The faces of a cell, counted from 1; `after` is the one between it and the next.
+  FaceLine after(int cell) const { return {across(cell), id(cell), id(cell + 1)}; }
+  FaceLine bottom(int cell) const {
+    return {{at(cell - 1, 0, 0), at(cell - 1, 1, 0), at(cell, 1, 0), at(cell, 0, 0)}, id(cell)};
+  }
+  FaceLine top(int cell) const {
+    return {{at(cell - 1, 0, 1), at(cell, 0, 1), at(cell, 1, 1), at(cell - 1, 1, 1)}, id(cell)};
+  }
+
+  /// Front and back of a cell, and the end of the row where it is there.
+  std::vector<FaceLine> sides(int cell) const {
+    std::vector<FaceLine> faces;
+    if (cell == 1) {
+      faces.push_back({{at(0, 0, 0), at(0, 0, 1), at(0, 1, 1), at(0, 1, 0)}, id(cell)});
+    }
+    if (cell == cells_) {
+      faces.push_back({across(cell), id(cell)});
+    }
+    faces.push_back(
+        {{at(cell - 1, 0, 0), at(cell, 0, 0), at(cell, 0, 1), at(cell - 1, 0, 1)}, id(cell)});
+    faces.push_back(
+        {{at(cell - 1, 1, 0), at(cell - 1, 1, 1), at(cell, 1, 1), at(cell, 1, 0)}, id(cell)});
+    return faces;
+  }
+
+  /// The boundary faces of the cells from `first` to `last`.
+  std::vector<FaceLine> walls(int first, int last) const {
+    std::vector<FaceLine> faces;
+    for (int cell = first; cell <= last; ++cell) {
+      for (const FaceLine& side : sides(cell)) {
+        faces.push_back(side);
+      }
+      faces.push_back(bottom(cell));
+      faces.push_back(top(cell));
+    }
+    return faces;
+  }
+
+ private:
+  static std::uint64_t id(int cell) { return static_cast<std::uint64_t>(cell); }
+
+  std::uint64_t at(int x, int y, int z) const {
+    return static_cast<std::uint64_t>(1 + x + (cells_ + 1) * (y + 2 * z));
+  }
+
+  memory::Ids across(int x) const { return {at(x, 0, 0), at(x, 1, 0), at(x, 1, 1), at(x, 0, 1)}; }
+
+  int cells_;
+};
 
 /// Leaves of a case only its post targets, whose faces know no cells beside them.
 CasePtr asPost(CasePtr built) {
@@ -90,29 +133,60 @@ CasePtr oneHex() {
 }
 
 CasePtr twoHexes() {
-  std::vector<FaceLine> walls = firstWalls();
-  for (const FaceLine& wall : secondWalls()) {
-    walls.push_back(wall);
-  }
+  const Row row(2);
   return CaseBuilder()
       .units("m")
-      .nodes(1, "points", boxPoints())
-      .faces(2, "inside", faceZoneTypeInterior, {kBetween})
-      .faces(3, "walls", boundaryWall, walls)
+      .nodes(1, "points", row.points())
+      .faces(2, "inside", faceZoneTypeInterior, {row.after(1)})
+      .faces(3, "walls", boundaryWall, row.walls(1, 2))
       .cells(4, "fluid", cellShapeHexahedron, 2)
       .build();
 }
 
 CasePtr twoBodies() {
+  const Row row(2);
   return CaseBuilder()
       .units("m")
-      .nodes(1, "points", boxPoints())
-      .faces(2, "between", faceZoneType14, {kBetween})
-      .faces(3, "fluid walls", boundaryWall, firstWalls())
-      .faces(4, "solid walls", boundaryWall, secondWalls())
+      .nodes(1, "points", row.points())
+      .faces(2, "between", faceZoneType14, {row.after(1)})
+      .faces(3, "fluid walls", boundaryWall, row.walls(1, 1))
+      .faces(4, "solid walls", boundaryWall, row.walls(2, 2))
       .cells(5, "fluid", cellShapeHexahedron, 1)
       .cells(6, "solid", cellShapeHexahedron, 1)
       .build();
+}
+
+CasePtr screenInFlow() {
+  const Row row(3);
+  return CaseBuilder()
+      .units("m")
+      .nodes(1, "points", row.points())
+      .faces(2, "inside", faceZoneTypeInterior, {row.after(1)})
+      .faces(3, "screen", faceZoneTypeInterior, {row.after(2)})
+      .faces(4, "walls", boundaryWall, row.walls(1, 3))
+      .cells(5, "fluid", cellShapeHexahedron, 3)
+      .build();
+}
+
+CasePtr rowOfBodies(int count) {
+  const Row row(count);
+  CaseBuilder builder;
+  builder.units("m").nodes(1, "points", row.points());
+  int zone = 1;
+  for (int cell = 1; cell < count; ++cell) {
+    builder.faces(++zone, "between " + std::to_string(cell), faceZoneType14, {row.after(cell)});
+  }
+  for (int cell = 1; cell <= count; ++cell) {
+    const std::string body = " of " + std::to_string(cell);
+    builder.faces(++zone, "bottom" + body, boundaryPeriodic, {row.bottom(cell)});
+    builder.faces(++zone, "top" + body, boundaryPeriodicShadow, {row.top(cell)});
+    builder.shadows(zone - 1, zone);
+    builder.faces(++zone, "sides" + body, boundaryWall, row.sides(cell));
+  }
+  for (int cell = 1; cell <= count; ++cell) {
+    builder.cells(++zone, "body " + std::to_string(cell), cellShapeHexahedron, 1);
+  }
+  return builder.build();
 }
 
 CasePtr quad2d() {
@@ -147,6 +221,17 @@ CasePtr postHex() {
                     .faces(2, "walls", boundaryWall, cubeFaces())
                     .cells(3, "fluid", cellShapeHexahedron, 1)
                     .cellNodes(3, {{1, 2, 3, 4, 5, 6, 7, 8}})
+                    .build());
+}
+
+CasePtr postPolyhedron() {
+  return asPost(CaseBuilder()
+                    .mesh({1, targetPost, -1})
+                    .units("m")
+                    .nodes(1, "points", cubePoints())
+                    .faces(2, "walls", boundaryWall, cubeFaces())
+                    .cells(3, "fluid", cellShapePolyhedron, 1)
+                    .cellFaces(3, {{1, 2, 3, 4, 5, 6}})
                     .build());
 }
 
@@ -200,9 +285,12 @@ const std::vector<NamedCase>& all() {
   static const std::vector<NamedCase> kAll = {{"OneHex", oneHex},
                                               {"TwoHexes", twoHexes},
                                               {"TwoBodies", twoBodies},
+                                              {"ScreenInFlow", screenInFlow},
+                                              {"RowOfBodies", [] { return rowOfBodies(3); }},
                                               {"Quad2d", quad2d},
                                               {"PeriodicPair", periodicPair},
                                               {"PostHex", postHex},
+                                              {"PostPolyhedron", postPolyhedron},
                                               {"WithResults", withResults},
                                               {"WithPartitions", withPartitions}};
   return kAll;

@@ -28,6 +28,15 @@ CasePtr twoHexes();
 /// "solid walls" (5), cell zones 5 "fluid" (1) and 6 "solid" (1).
 CasePtr twoBodies();
 
+/// A row of three hexahedra in x with a screen inside the flow: face zones 2 "inside" (1,
+/// interior), 3 "screen" (1, interior too) and 4 "walls" (14), cell zone 5 "fluid" (3).
+CasePtr screenInFlow();
+
+/// A row of `count` hexahedra in x, each a body of its own whose bottom and top are a periodic
+/// pair, for what must stay cheap with many zones. Zones count up from 2: one face zone between
+/// each two neighbours, then three around each body (bottom, top, sides), then the cell zones.
+CasePtr rowOfBodies(int count);
+
 /// A plane mesh of two quadrilaterals: nodes 1 "points" (6), face zones 2 "inside" (1, interior)
 /// and 3 "rim" (6) of lines, cell zone 4 "sheet" (2).
 CasePtr quad2d();
@@ -39,6 +48,9 @@ CasePtr periodicPair();
 /// The unit cube as a post target: cell zone 3 "fluid" has nodes of its own; no zone bounds
 /// another, and no cell is known beside a face.
 CasePtr postHex();
+
+/// The unit cube as a post target whose cell zone 3 "fluid" is one polyhedron that lists its faces.
+CasePtr postPolyhedron();
 
 /// oneHex() with the phases 1 "water" and 2 "air": temperature and velocity on the nodes, pressure
 /// and fraction on the cell, with attributes and descriptions.
@@ -54,7 +66,7 @@ struct NamedCase {
   CasePtr (*make)() = nullptr;
 };
 
-/// All of them.
+/// All of them; rowOfBodies() with three.
 const std::vector<NamedCase>& all();
 
 }  // namespace velto::testing::cases

@@ -28,6 +28,9 @@ using memory::Slice;
 
 namespace {
 
+/// Where a link should lead that the mesh has no zone for: to no zone at all, and not to "none".
+constexpr int kNoSuchZone = -1;
+
 bool beginsWith(const std::string& text, const std::string& prefix) {
   return text.compare(0, prefix.size(), prefix) == 0;
 }
@@ -50,8 +53,9 @@ class Assembler {
     tables_.sizes[meshCellCount] = survey_.cellCount();
     addNodes();
     addFaces();
-    const ZoneLayout cells = layOutZones(mesh_.cellZones, survey_.cellCount(),
-                                         mesh_.cellZones.empty() ? "cells" : "default", false);
+    const std::vector<ElementZone> cellZones = filledCellZones();
+    const ZoneLayout cells =
+        layOutZones(cellZones, survey_.cellCount(), cellZones.empty() ? "cells" : "default", false);
     if (cells.isRenumbered()) {
       renumberCells(cells);
     }
@@ -118,15 +122,35 @@ class Assembler {
                                            : lists.range(zone.first, zone.count));
     }
     for (const Patch& patch : mesh_.patches) {
-      addFaceZone(patch.name, boundaryTypeOf(patch.type), patch.type, patch.firstFace,
-                  lists.range(patch.firstFace, patch.faceCount));
-      patchZones_[patch.name] = lastZone_;
+      // A mesh without faces, such as an empty part of a decomposed case, has no face zones.
+      const bool isZone = tables_.size(meshFaceCount) > 0 || patch.faceCount > 0;
+      if (isZone) {
+        addFaceZone(patch.name, boundaryTypeOf(patch.type), patch.type, patch.firstFace,
+                    lists.range(patch.firstFace, patch.faceCount));
+        patchZones_[patch.name] = lastZone_;
+      }
       for (const auto& entry : patch.entries) {
-        if (entry.first != "type" && entry.first != "nFaces" && entry.first != "startFace") {
+        const bool isInZone =
+            entry.first == "nFaces" || entry.first == "startFace" || entry.first == "type";
+        if (!isZone || !isInZone) {
           case_.setSetting("openfoam/boundary/" + patch.name + "/" + entry.first, entry.second);
         }
       }
     }
+  }
+
+  /// The cell zones that hold cells. A zone without any, as decomposed cases have them, is bounded
+  /// by nothing; a setting keeps its name.
+  std::vector<ElementZone> filledCellZones() {
+    std::vector<ElementZone> filled;
+    for (const ElementZone& zone : mesh_.cellZones) {
+      if (zone.labels.empty()) {
+        case_.setSetting("openfoam/cellZones/" + zone.name + "/cells", "0");
+      } else {
+        filled.push_back(zone);
+      }
+    }
+    return filled;
   }
 
   /// The face zones without the boundary faces in them, which stay in their patches.
@@ -225,12 +249,17 @@ class Assembler {
 
   void linkPeriodicPairs() {
     for (const Patch& patch : mesh_.patches) {
-      const auto partner = patchZones_.find(patch.neighbourPatch);
-      if (patch.type != "cyclic" || partner == patchZones_.end()) {
+      const auto own = patchZones_.find(patch.name);
+      if (patch.type != "cyclic" || patch.neighbourPatch.empty() || own == patchZones_.end()) {
         continue;
       }
-      const int zone = patchZones_[patch.name];
+      const int zone = own->second;
       ZoneRecord& record = tables_.zones[zone];
+      const auto partner = patchZones_.find(patch.neighbourPatch);
+      if (partner == patchZones_.end()) {
+        record.faceInfo[faceZoneShadow] = kNoSuchZone;
+        continue;
+      }
       record.faceInfo[faceZoneShadow] = partner->second;
       // Of a pair the half that comes first is the periodic zone, the other its shadow.
       if (partner->second < zone) {

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <tuple>
 
 #include "formats/openfoam/Culprits.h"
 
@@ -120,13 +121,14 @@ void judgePatchRanges(const PolyMesh& mesh, const CellSurvey& survey, Texts& war
   const std::uint64_t faces = mesh.faceNodeCounts.size();
   std::vector<const Patch*> patches;
   for (const Patch& patch : mesh.patches) {
-    // An empty patch covers nothing, wherever it starts.
-    if (patch.faceCount > 0) {
+    // A patch without faces may start at 0, or between any two others.
+    if (patch.faceCount > 0 || patch.firstFace > 0) {
       patches.push_back(&patch);
     }
   }
-  std::stable_sort(patches.begin(), patches.end(),
-                   [](const Patch* a, const Patch* b) { return a->firstFace < b->firstFace; });
+  std::stable_sort(patches.begin(), patches.end(), [](const Patch* a, const Patch* b) {
+    return std::tie(a->firstFace, a->faceCount) < std::tie(b->firstFace, b->faceCount);
+  });
   std::uint64_t covered = survey.internalFaces;
   std::string before = "the internal faces end at " + text(covered);
   for (const Patch* patch : patches) {

@@ -47,6 +47,13 @@ CheckResult CheckerFixture::check(OrvChecker& subject, const std::string& fileNa
   return result;
 }
 
+void CheckerFixture::open(const cases::CasePtr& opened) {
+  serve(opened);
+  checker.setCheckLevel(0);
+  EXPECT_TRUE(check().good);
+  transcript.clear();
+}
+
 Transcript CheckerFixture::calls() const {
   Transcript named = transcript;
   for (std::string& line : named) {

@@ -74,6 +74,10 @@ class CheckerFixture : public ::testing::Test {
   CheckResult check() { return check(checker, file.path()); }
   static CheckResult check(OrvChecker& subject, const std::string& fileName);
 
+  /// Opens a case and selects its last mesh, target and partition, so that one check of a pass can
+  /// be called by itself; calls are written down from then on.
+  void open(const cases::CasePtr& opened);
+
   /// What was called so far, the file's name written as FILE.
   Transcript calls() const;
 

@@ -55,6 +55,42 @@ struct CheckMeshSize {
   using Member = Step;
   friend Step memberOf(CheckMeshSize);
 };
+struct CheckMeshConnectivity {
+  using Member = Step;
+  friend Step memberOf(CheckMeshConnectivity);
+};
+struct CheckCellZoneConnectivityTypes {
+  using Member = Step;
+  friend Step memberOf(CheckCellZoneConnectivityTypes);
+};
+struct CheckNodeZones {
+  using Member = Step;
+  friend Step memberOf(CheckNodeZones);
+};
+struct CheckFaceZones {
+  using Member = Step;
+  friend Step memberOf(CheckFaceZones);
+};
+struct CheckCellZones {
+  using Member = Step;
+  friend Step memberOf(CheckCellZones);
+};
+struct JudgeConnectivity {
+  using Member = int (OrvChecker::*)(int, int, bool);
+  friend Member memberOf(JudgeConnectivity);
+};
+struct CheckZoneCommonAttributes {
+  using Member = bool (OrvChecker::*)(std::vector<int>, std::uint64_t, const std::string&);
+  friend Member memberOf(CheckZoneCommonAttributes);
+};
+struct CellZoneConnectivityTypes {
+  using Member = std::vector<int> OrvChecker::*;
+  friend Member memberOf(CellZoneConnectivityTypes);
+};
+struct CellsFromFacesMode {
+  using Member = int OrvChecker::*;
+  friend Member memberOf(CellsFromFacesMode);
+};
 
 template struct Grant<DisplayStep, &OrvChecker::displayStep>;
 template struct Grant<AddError, &OrvChecker::addError>;
@@ -65,6 +101,15 @@ template struct Grant<DescribeLocation, &OrvChecker::describeLocation>;
 template struct Grant<CheckVersion, &OrvChecker::checkVersion>;
 template struct Grant<CheckSolverType, &OrvChecker::checkSolverType>;
 template struct Grant<CheckMeshSize, &OrvChecker::checkMeshSize>;
+template struct Grant<CheckMeshConnectivity, &OrvChecker::checkMeshConnectivity>;
+template struct Grant<CheckCellZoneConnectivityTypes, &OrvChecker::checkCellZoneConnectivityTypes>;
+template struct Grant<CheckNodeZones, &OrvChecker::checkNodeZones>;
+template struct Grant<CheckFaceZones, &OrvChecker::checkFaceZones>;
+template struct Grant<CheckCellZones, &OrvChecker::checkCellZones>;
+template struct Grant<JudgeConnectivity, &OrvChecker::judgeConnectivity>;
+template struct Grant<CheckZoneCommonAttributes, &OrvChecker::checkZoneCommonAttributes>;
+template struct Grant<CellZoneConnectivityTypes, &OrvChecker::cellZoneConnectivityTypes>;
+template struct Grant<CellsFromFacesMode, &OrvChecker::cellsFromFacesMode>;
 
 }  // namespace
 
@@ -95,5 +140,34 @@ bool checkVersion(OrvChecker& checker, OrvDataClass dataClass) {
 bool checkSolverType(OrvChecker& checker) { return (checker.*memberOf(CheckSolverType{}))(); }
 
 bool checkMeshSize(OrvChecker& checker) { return (checker.*memberOf(CheckMeshSize{}))(); }
+
+bool checkMeshConnectivity(OrvChecker& checker) {
+  return (checker.*memberOf(CheckMeshConnectivity{}))();
+}
+
+bool checkCellZoneConnectivityTypes(OrvChecker& checker) {
+  return (checker.*memberOf(CheckCellZoneConnectivityTypes{}))();
+}
+
+bool checkNodeZones(OrvChecker& checker) { return (checker.*memberOf(CheckNodeZones{}))(); }
+
+bool checkFaceZones(OrvChecker& checker) { return (checker.*memberOf(CheckFaceZones{}))(); }
+
+bool checkCellZones(OrvChecker& checker) { return (checker.*memberOf(CheckCellZones{}))(); }
+
+int judgeConnectivity(OrvChecker& checker, int zone, int kind, bool restart) {
+  return (checker.*memberOf(JudgeConnectivity{}))(zone, kind, restart);
+}
+
+bool checkZoneCommonAttributes(OrvChecker& checker, const std::vector<int>& zoneIds,
+                               std::uint64_t nmax, const std::string& kind) {
+  return (checker.*memberOf(CheckZoneCommonAttributes{}))(zoneIds, nmax, kind);
+}
+
+std::vector<int>& cellZoneConnectivityTypes(OrvChecker& checker) {
+  return checker.*memberOf(CellZoneConnectivityTypes{});
+}
+
+int& cellsFromFacesMode(OrvChecker& checker) { return checker.*memberOf(CellsFromFacesMode{}); }
 
 }  // namespace velto::testing::checker_access

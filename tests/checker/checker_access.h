@@ -6,7 +6,9 @@
 #ifndef VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
 #define VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "velto/OrvChecker.h"
 
@@ -21,6 +23,18 @@ std::string describeLocation(const OrvChecker& checker);
 bool checkVersion(OrvChecker& checker, OrvDataClass dataClass);
 bool checkSolverType(OrvChecker& checker);
 bool checkMeshSize(OrvChecker& checker);
+bool checkMeshConnectivity(OrvChecker& checker);
+bool checkCellZoneConnectivityTypes(OrvChecker& checker);
+int judgeConnectivity(OrvChecker& checker, int zone, int kind, bool restart);
+bool checkNodeZones(OrvChecker& checker);
+bool checkFaceZones(OrvChecker& checker);
+bool checkCellZones(OrvChecker& checker);
+bool checkZoneCommonAttributes(OrvChecker& checker, const std::vector<int>& zoneIds,
+                               std::uint64_t nmax, const std::string& kind);
+
+/// What one walk leaves for the next.
+std::vector<int>& cellZoneConnectivityTypes(OrvChecker& checker);
+int& cellsFromFacesMode(OrvChecker& checker);
 
 }  // namespace velto::testing::checker_access
 

@@ -295,16 +295,7 @@ const std::vector<MeshSizeRow>& meshSizeRows() {
   return kRows;
 }
 
-class CheckMeshSize : public CheckerFixture {
- protected:
-  /// Opens the case and selects its mesh, so that the check can be called alone.
-  void open(const cases::CasePtr& opened) {
-    serve(opened);
-    checker.setCheckLevel(0);
-    EXPECT_TRUE(check().good);
-    transcript.clear();
-  }
-};
+using CheckMeshSize = CheckerFixture;
 
 class CheckMeshSizeRows : public CheckMeshSize,
                           public ::testing::WithParamInterface<MeshSizeRow> {};
