@@ -79,6 +79,19 @@ const Row kRows[] = {
      "boundary: line 19, patch zMax: startFace 9 and nFaces 3 reach past the last face, the mesh has 11 faces\n"},
     {"PatchesEndEarly", [](BoxMesh& mesh) { mesh.patches.pop_back(); },
      "boundary: 2 faces from 9 on are in no patch, patch zMin ends at 9\n"},
+    {"PatchesWithoutFacesBetweenOthers",
+     [](BoxMesh& mesh) {
+       mesh.patches.insert(mesh.patches.begin() + 1, {"none", "patch", 0, 2, {}});
+       mesh.patches.push_back({"nothing", "patch", 0, 0, {}});
+       mesh.patches.push_back({"nobody", "patch", 0, 11, {}});
+       mesh.patches.push_back({"late", "patch", 0, 5, {}});
+     },
+     ""},
+    {"APatchWithoutFacesInsideAnother",
+     [](BoxMesh& mesh) {
+       mesh.patches.push_back({"none", "patch", 0, 6, {}});
+     },
+     "boundary: line 20, patch none: startFace is 6, patch yMax ends at 7, startFace 7 is expected\n"},
     {"AnInternalFaceTooFew", [](BoxMesh& mesh) { mesh.neighbour.clear(); },
      "boundary: line 14, patch xMin: startFace is 1, the internal faces end at 0, startFace 0 is expected\n"},
     {"CyclicWithoutItsOtherHalf",

@@ -93,6 +93,33 @@ TEST_F(Provider, MakesAZoneOfEachCellZoneAndOfTheRest) {
       "cell 9 'rotor' [2, 3] 2: shape 4, bounded by 2 5 6 7 8\ncell 10 'inletDuct' [1, 1] 1: shape 4, bounded by 2 3 5 6 7 8\ncell 11 'default' [4, 4] 1: shape 4, bounded by 2 4 5 6 7 8\n");
 }
 
+TEST_F(Provider, LeavesOutCellZonesWithoutCellsAndKeepsTheirNames) {
+  BoxMesh mesh = makeBox(2, 1, 1);
+  mesh.cellZones = {{"rotor", {}, {}, false}, {"stator", {1}, {}, false}};
+  open(mesh);
+  expectNoWarnings();
+  const std::string tables = describeTables(provider);
+  EXPECT_EQ(
+      tables.substr(tables.find("cell ")),
+      "cell 9 'stator' [2, 2] 1: shape 4, bounded by 2 4 5 6 7 8\ncell 10 'default' [1, 1] 1: shape 4, bounded by 2 3 5 6 7 8\n");
+  EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/cellZones/rotor/cells", 1).asString(),
+            "0");
+  EXPECT_FALSE(provider.getSettings(dataClassCase, "openfoam/cellZones/stator/cells", 1).isValid());
+}
+
+TEST_F(Provider, HasNoFaceZonesWithoutFaces) {
+  BoxMesh mesh;
+  mesh.faceOffsets = {0};
+  mesh.patches = {{"inlet", "patch", 0, 0, {{"inGroups", "1(all)"}}}};
+  open(mesh);
+  expectNoWarnings();
+  EXPECT_EQ(describeTables(provider), "sizes 3 0 0 0\n");
+  EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/boundary/inlet/type", 1).asString(),
+            "patch");
+  EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/boundary/inlet/inGroups", 1).asString(),
+            "1(all)");
+}
+
 TEST_F(Provider, RenumbersCellsWhoseZonesAreNoRanges) {
   BoxMesh mesh = makeBox(3, 1, 1);
   mesh.cellZones = {{"ends", {0, 2}, {}, false}};
@@ -153,6 +180,30 @@ TEST_F(Provider, LinksTheHalvesOfACyclicPair) {
   provider.endFaceShadows();
   EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/boundary/xMin/transform", 1).asString(),
             "translational");
+}
+
+TEST_F(Provider, LinksACyclicPatchWithoutItsOtherHalfToNoZone) {
+  BoxMesh mesh = makeBox(1, 1, 1);
+  mesh.patches[0].type = "cyclic";
+  mesh.patches[0].extra = {{"neighbourPatch", "elsewhere"}};
+  open(mesh);
+  int shadow = 0;
+  provider.getFaceZoneInfo(2, faceZoneShadow, shadow);
+  EXPECT_EQ(shadow, -1);
+  std::vector<int> zones;
+  provider.beginFaceShadows(zones);
+  EXPECT_EQ(zones, std::vector<int>());
+  provider.endFaceShadows();
+}
+
+TEST_F(Provider, LeavesACyclicPatchOfBothHalvesUnlinked) {
+  BoxMesh mesh = makeBox(1, 1, 1);
+  mesh.patches[0].type = "cyclic";
+  open(mesh);
+  expectNoWarnings();
+  int shadow = 7;
+  provider.getFaceZoneInfo(2, faceZoneShadow, shadow);
+  EXPECT_EQ(shadow, 7) << "not set";
 }
 
 TEST_F(Provider, TellsTheShapesOfCellsFromTheirFaces) {

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What a checker says of OpenFOAM meshes: nothing of a sound one, and of a damaged one its own
+// words beside the reader's, which name the place.
+
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "velto/OrvChecker.h"
+
+#include "testing/PolyMeshWriter.h"
+#include "testing/TempFolder.h"
+#include "testing/capture.h"
+
+namespace velto::openfoam {
+namespace {
+
+using testing::BoxMesh;
+using Texts = std::vector<std::string>;
+
+struct Judgement {
+  Texts errors;
+  Texts warnings;
+};
+
+/// Runs a checker at level 1; warnings come without the folder.
+Judgement judge(const std::string& folder) {
+  const testing::StreamCapture streams;
+  OrvChecker checker;
+  const bool good = checker.checkCase(folder);
+  EXPECT_EQ(good, checker.getErrors().empty());
+  Judgement judgement{checker.getErrors(), checker.getWarnings()};
+  for (std::string& warning : judgement.warnings) {
+    const std::size_t at = warning.find(folder);
+    if (at != std::string::npos) {
+      warning.erase(at, folder.size() + 1);
+    }
+  }
+  return judgement;
+}
+
+Judgement judge(const BoxMesh& mesh) {
+  const testing::TempFolder temp;
+  testing::WriteOptions options;
+  options.note = false;
+  writePolyMesh(temp.path("polyMesh"), mesh, options);
+  return judge(temp.path("polyMesh"));
+}
+
+/// A row of four cells: faces 0 to 2 are internal, then patches of 1, 1, 4, 4, 4 and 4 faces.
+BoxMesh rowOfFour() { return testing::makeBox(4, 1, 1); }
+
+void makeCyclic(testing::BoxPatch& patch, const std::string& neighbour) {
+  patch.type = "cyclic";
+  patch.extra = {{"neighbourPatch", neighbour}};
+}
+
+// --- Sound meshes -------------------------------------------------------------------------------
+
+struct SoundRow {
+  const char* name;
+  std::function<void(BoxMesh&)> change;
+};
+
+std::ostream& operator<<(std::ostream& out, const SoundRow& row) { return out << row.name; }
+
+const SoundRow kSound[] = {
+    {"Row", [](BoxMesh&) {}},
+    {"TwoDimensional",
+     [](BoxMesh& mesh) { mesh.patches[4].type = mesh.patches[5].type = "empty"; }},
+    {"CellZonesThatAreRanges",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"rotor", {2, 3}, {}, false}, {"stator", {0, 1}, {}, false}};
+     }},
+    {"ScatteredCellZones",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"odd", {1, 3}, {}, false}, {"first", {0}, {}, false}};
+     }},
+    {"ACellZoneWithoutCells",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"rotor", {}, {}, false}, {"stator", {0, 1}, {}, false}};
+     }},
+    {"CellZonesWithoutCells",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"rotor", {}, {}, false}, {"stator", {}, {}, false}};
+     }},
+    {"FaceZonesInsideTheFlow",
+     [](BoxMesh& mesh) {
+       mesh.faceZones = {{"fan", {1}, {false}, true}, {"screen", {0, 2}, {}, false}};
+     }},
+    {"AFaceZoneOnTheBoundary",
+     [](BoxMesh& mesh) {
+       mesh.faceZones = {{"lid", {5, 6}, {}, false}};
+     }},
+    {"ACyclicPair",
+     [](BoxMesh& mesh) {
+       makeCyclic(mesh.patches[0], "xMax");
+       makeCyclic(mesh.patches[1], "xMin");
+     }},
+    {"APatchWithoutFaces",
+     [](BoxMesh& mesh) {
+       mesh.patches.insert(mesh.patches.begin() + 2, {"none", "patch", 0, 5, {}});
+     }},
+    {"APatchWithoutFacesThatStartsAtZero",
+     [](BoxMesh& mesh) {
+       mesh.patches.push_back({"none", "patch", 0, 0, {}});
+     }},
+    {"APatchWithoutFacesBehindTheLast",
+     [](BoxMesh& mesh) {
+       mesh.patches.push_back({"none", "patch", 0, mesh.faceCount(), {}});
+     }},
+    {"PatchesInAnyOrder", [](BoxMesh& mesh) { std::swap(mesh.patches[1], mesh.patches[4]); }},
+};
+
+class SoundMeshes : public ::testing::TestWithParam<SoundRow> {};
+
+TEST_P(SoundMeshes, GiveNoMessage) {
+  BoxMesh mesh = rowOfFour();
+  GetParam().change(mesh);
+  const Judgement judgement = judge(mesh);
+  EXPECT_EQ(judgement.errors, Texts());
+  EXPECT_EQ(judgement.warnings, Texts());
+}
+
+INSTANTIATE_TEST_SUITE_P(Checked, SoundMeshes, ::testing::ValuesIn(kSound),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(CheckedPartitions, GiveNoMessageWhereOneIsEmpty) {
+  const testing::TempFolder temp;
+  BoxMesh nothing;
+  nothing.faceOffsets = {0};
+  nothing.patches = {{"xMin", "patch", 0, 0, {}}, {"xMax", "wall", 0, 0, {}}};
+  nothing.cellZones = {{"rotor", {}, {}, false}};
+  writePolyMesh(temp.path("case/processor0/constant/polyMesh"), rowOfFour());
+  writePolyMesh(temp.path("case/processor1/constant/polyMesh"), nothing);
+  const Judgement judgement = judge(temp.path("case"));
+  EXPECT_EQ(judgement.errors, Texts());
+  EXPECT_EQ(judgement.warnings, Texts());
+}
+
+// --- Damaged meshes -----------------------------------------------------------------------------
+
+struct DamagedRow {
+  const char* name;
+  std::function<void(BoxMesh&)> damage;
+  Texts errors;
+  Texts warnings;
+};
+
+std::ostream& operator<<(std::ostream& out, const DamagedRow& row) { return out << row.name; }
+
+const DamagedRow kDamaged[] = {
+    {"AGapBetweenPatches",
+     [](BoxMesh& mesh) {
+       mesh.patches[2].firstFace += 1;
+       mesh.patches[2].faceCount -= 1;
+     },
+     {"checkFaceZones : Face zones do not cover the full range of declared Faces"},
+     {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 6, patch xMax ends at 5, startFace 5 is expected"}},
+    {"PatchesThatOverlap",
+     [](BoxMesh& mesh) { mesh.patches[2].firstFace -= 1; },
+     {"checkFaceZones : Overlapping Face ranges"},
+     {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 4, patch xMax ends at 5, startFace 5 is expected",
+      "checkVersion : ORV - boundary: line 17, patch yMax: startFace is 9, patch yMin ends at 8, startFace 8 is expected"}},
+    {"APatchWithoutFacesInsideAnother",
+     [](BoxMesh& mesh) {
+       mesh.patches.push_back({"none", "patch", 0, 7, {}});
+     },
+     {"checkFaceZones : Overlapping Face ranges"},
+     {"checkVersion : ORV - boundary: line 20, patch none: startFace is 7, patch yMin ends at 9, startFace 9 is expected"}},
+    {"APatchWithoutFacesPastTheLastFace",
+     [](BoxMesh& mesh) {
+       mesh.patches.push_back({"none", "patch", 0, 99, {}});
+     },
+     {"checkFaceZones : Face zones do not cover the full range of declared Faces"},
+     {"checkVersion : ORV - boundary: line 20, patch none: startFace is 99, patch zMax ends at 21, startFace 21 is expected",
+      "checkVersion : ORV - boundary: line 20, patch none: startFace 99 and nFaces 0 reach past the last face, the mesh has 21 faces"}},
+    {"PatchesThatEndEarly",
+     [](BoxMesh& mesh) { mesh.patches.pop_back(); },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - boundary: 4 faces from 17 on are in no patch, patch zMin ends at 17"}},
+    {"APatchPastTheLastFace",
+     [](BoxMesh& mesh) { mesh.patches[5].faceCount += 1; },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - boundary: line 19, patch zMax: startFace 17 and nFaces 5 reach past the last face, the mesh has 21 faces"}},
+    {"ACellInTwoZones",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}, {"b", {1, 2, 3}, {}, false}};
+     },
+     {"checkCellZones : Overlapping Cell ranges"},
+     {"checkVersion : ORV - cellZones: zone b, entry 0: cell 1 is in a zone already"}},
+    {"ACellInTwoScatteredZones",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 2}, {}, false}, {"b", {1, 2, 3}, {}, false}};
+     },
+     {"checkCellZones : Mismatch in Cell zones content and total number of Cells"},
+     {"checkVersion : ORV - cellZones: zone b, entry 1: cell 2 is in a zone already"}},
+    {"AFaceInTwoZones",
+     [](BoxMesh& mesh) {
+       mesh.faceZones = {{"a", {0, 2}, {}, false}, {"b", {2}, {}, false}};
+     },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - faceZones: zone b, entry 0: face 2 is in a zone already"}},
+    {"ACyclicPatchWithoutItsOtherHalf",
+     [](BoxMesh& mesh) { makeCyclic(mesh.patches[0], "elsewhere"); },
+     {"checkFaceZones : Face zone shadow zone id invalid"},
+     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch elsewhere is no patch"}},
+    {"ACyclicPatchThatIsNotNamedInReturn",
+     [](BoxMesh& mesh) { makeCyclic(mesh.patches[0], "xMax"); },
+     {"checkFaceZones : Face zone shadow link is not bilateral"},
+     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch xMax does not name it in return"}},
+    {"AMeshWithoutPatches",
+     [](BoxMesh& mesh) { mesh.patches.clear(); },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - boundary: 18 faces from 3 on are in no patch, the internal faces end at 3"}},
+};
+
+class DamagedMeshes : public ::testing::TestWithParam<DamagedRow> {};
+
+TEST_P(DamagedMeshes, AreTold) {
+  BoxMesh mesh = rowOfFour();
+  GetParam().damage(mesh);
+  const Judgement judgement = judge(mesh);
+  EXPECT_EQ(judgement.errors, GetParam().errors);
+  EXPECT_EQ(judgement.warnings, GetParam().warnings);
+}
+
+INSTANTIATE_TEST_SUITE_P(Checked, DamagedMeshes, ::testing::ValuesIn(kDamaged),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace velto::openfoam
