@@ -46,6 +46,12 @@ bool isUnknown(const std::vector<std::string>& errors) {
   return !errors.empty() && errors.front() == " : Not a ORV file (cannot setup provider)";
 }
 
+/// Whether a message is about single zones, which it does not name.
+bool isOfZones(const std::string& message) {
+  const std::string step = message.substr(0, message.find(" : "));
+  return step == "checkNodeZones" || step == "checkFaceZones" || step == "checkCellZones";
+}
+
 FileResult checkFile(const std::string& file, const CheckOptions& options) {
   FileResult result;
   result.file = file;
@@ -72,6 +78,11 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
     }
   }
   result.warnings = checker.getWarnings();
+  const bool areZonesBad = std::any_of(result.errors.begin(), result.errors.end(), isOfZones) ||
+                           std::any_of(result.warnings.begin(), result.warnings.end(), isOfZones);
+  if (areZonesBad && options.verbosity == 1 && !options.quiet && !options.json) {
+    hintAtZones(file);
+  }
   return result;
 }
 

@@ -16,6 +16,12 @@ inline void hintAtFormats(const std::string& file) {
             << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
 }
 
+/// Says on standard error how to see which zones the messages of the zone checks are about.
+inline void hintAtZones(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv check -v 2` lists the zones as they are judged"
+            << std::endl;
+}
+
 }  // namespace velto::orv
 
 #endif  // VELTO_ORV_HINTS_H

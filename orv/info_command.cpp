@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -71,9 +72,20 @@ std::string shapeWord(const ZoneSummary& zone) {
   }
 }
 
+/// The longest list of zones that a table shows whole; --json gives them all.
+constexpr std::size_t kListShown = 8;
+
+/// "7,8,9", "-" for none, and "1,2,3,... of 100" for a list that is longer than a table can take.
 template <class List>
 std::string joined(const List& list) {
-  return list.empty() ? "-" : fmt::format("{}", fmt::join(list, ","));
+  if (list.empty()) {
+    return "-";
+  }
+  if (list.size() <= kListShown) {
+    return fmt::format("{}", fmt::join(list, ","));
+  }
+  return fmt::format("{},... of {}", fmt::join(list.begin(), std::next(list.begin(), 3), ","),
+                     list.size());
 }
 
 /// "7 | 8": the cell zones on side 0 and on side 1 of a face zone.

@@ -43,12 +43,13 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
   check->add_flag("--json", options.json, "Print one JSON document instead of text");
   check->footer(
-      "This version judges the file as a whole and the sizes of its meshes; the checks of zones and\n"
+      "This version judges the file as a whole, the sizes of its meshes and their zones; the checks of\n"
       "connectivity are to come. What the OpenFOAM reader finds wrong with single entries comes as\n"
       "warnings: with --strict they count.\n\n"
       "Examples:\n"
       "  orv check constant/polyMesh           an OpenFOAM mesh\n"
       "  orv check case/ --level 2             a case folder, with its connectivity\n"
+      "  orv check case/ -v 2                  shows sizes and zones as they are judged\n"
       "  orv check a/ b/ --quiet && run        go on only if both are sound\n"
       "  orv check case/ --json > report.json  for other programs\n\n" +
       std::string(kFooter));

@@ -28,7 +28,8 @@ class CommandLine(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory()
-        for name, damage in (("sound", None), ("label", "node-id"), ("cut", "truncated")):
+        for name, damage in (("sound", None), ("label", "node-id"), ("gap", "patch-gap"),
+                             ("cut", "truncated")):
             command = [MAKE_POLYMESH, f"{cls.folder.name}/{name}", "2", "1", "1"]
             subprocess.run(command + (["--damage", damage] if damage else []), check=True)
         pathlib.Path(cls.folder.name, "notes.txt").write_text("no mesh\n", encoding="utf-8")
@@ -76,6 +77,18 @@ class Check(CommandLine):
         self.assertEqual(self.orv("check", "-l", "0", "--strict", "label"),
                          (1, "label: not sound (0 errors, 1 warning)\n",
                           f"Warning: checkVersion: {LABEL_WARNING}\n"))
+
+    def test_tells_what_is_wrong_with_zones(self):
+        self.assertEqual(self.orv("check", "gap"), (
+            1, "gap: not sound (1 error, 1 warning)\n",
+            "Warning: checkVersion: ORV - gap/boundary: line 15, patch xMax: startFace is 3, "
+            "patch xMin ends at 2, startFace 2 is expected\n"
+            "Error: checkFaceZones: Face zones do not cover the full range of declared Faces\n"
+            "orv: gap: `orv check -v 2` lists the zones as they are judged\n"))
+        status, out, err = self.orv("check", "-v", "2", "gap")
+        self.assertEqual(status, 1)
+        self.assertIn("  Face zone id : 4 : xMax\n  [ 4 , 3 ] \n    range: 1 ... 3\n", out)
+        self.assertNotIn("orv: ", err)
 
     def test_tells_why_a_mesh_cannot_be_read(self):
         self.assertEqual(self.orv("check", "cut"),
@@ -139,6 +152,14 @@ class Check(CommandLine):
                         {"step": "", "message": f"ORV - {CUT_REASON}"}]},
         ])
 
+    def test_writes_what_is_wrong_with_zones_as_json(self):
+        status, report = self.report("gap")
+        self.assertEqual(status, 1)
+        self.assertEqual((report["files"][0]["verdict"], report["files"][0]["errors"]), (
+            "not sound",
+            [{"step": "checkFaceZones",
+              "message": "Face zones do not cover the full range of declared Faces"}]))
+
     def test_writes_valid_json_for_odd_names(self):
         odd = "\"quoted\"\n\u00e9 \\ name"
         status, report = self.report("-l", "0", odd)
@@ -180,6 +201,20 @@ mesh 1, restart: 3-D, 12 nodes, 11 faces, 2 cells, unit m
      8  face  zMax      wall      quadrilateral         2  10 to 11  9 | -
      9  cell  cells               hexahedron            2  1 to 2
 """)
+
+    def test_cuts_long_lists_of_zones_in_the_table_only(self):
+        subprocess.run([MAKE_POLYMESH, f"{self.folder.name}/zones", "9", "1", "1"], check=True)
+        zones = "".join(f"z{i} {{ type cellZone; cellLabels 1({i}); }}" for i in range(9))
+        pathlib.Path(self.folder.name, "zones", "cellZones").write_text(
+            "FoamFile { version 2.0; format ascii; class regIOobject; object cellZones; }\n"
+            f"9({zones})\n", encoding="utf-8")
+        status, out, err = self.orv("info", "zones")
+        self.assertEqual((status, err), (0, ""))
+        lines = out.splitlines()
+        self.assertEqual(lines[6].split("  ")[-1], "9,10,11,12,13,14,15,16 | 10,11,12,13,14,15,16,17")
+        self.assertEqual(lines[9].split("  ")[-1], "9,10,11,... of 9 | -")
+        zone = json.loads(self.orv("info", "--json", "zones")[1])["files"][0]["meshes"][0]["zones"][4]
+        self.assertEqual((zone["name"], zone["cellZones"]), ("yMin", [list(range(9, 18)), []]))
 
     def test_writes_json(self):
         status, out, err = self.orv("info", "--json", "sound")

@@ -29,6 +29,8 @@ NEEDED = [
     "velto::OrvBase::setMeshId(int)",
     "velto::OrvBase::getMeshSize(",
     "velto::OrvBase::getErrors(bool, bool) const",
+    "velto::OrvBase::getZoneSizeInfo(",
+    "velto::OrvBase::getCellFaceZoneIds(",
     "velto::OrvVersion::getMajor()",
 ]
 
@@ -92,6 +94,8 @@ class Symbols(unittest.TestCase):
         "velto::OrvBase::setMeshId(int)": "U",
         "velto::OrvBase::getMeshSize(velto::OrvMeshSizeType, unsigned long&) const": "U",
         "velto::OrvBase::getErrors(bool, bool) const": "U",
+        "velto::OrvBase::getZoneSizeInfo(int, velto::OrvZoneSizeType, unsigned long&) const": "U",
+        "velto::OrvBase::getCellFaceZoneIds(int, std::list<int>&)": "U",
         "velto::OrvVersion::getMajor()": "U",
         "velto::OrvChecker::checkCase(std::string const&)": "T",
         "velto::OrvFileIO::~OrvFileIO()": "W",
