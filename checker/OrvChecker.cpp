@@ -268,8 +268,8 @@ bool OrvChecker::checkSelected() {
 }
 
 /// Runs checks until the library has an error; what they find themselves ends nothing.
-bool OrvChecker::passAll(const std::vector<bool (OrvChecker::*)()>& checks) {
-  for (const auto check : checks) {
+bool OrvChecker::passAll(std::initializer_list<Check> checks) {
+  for (const Check check : checks) {
     (this->*check)();
     if (!checkORVErrors()) {
       return false;

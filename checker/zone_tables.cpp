@@ -12,11 +12,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <iostream>
+#include <iterator>
 #include <utility>
 
 #include "velto/OrvChecker.h"
 
 #include "data_access/OrvFileProvider.h"
+#include "data_access/families.h"
 
 #include "checker/ZoneIdList.h"
 #include "checker/connectivity_kinds.h"
@@ -80,11 +82,7 @@ bool OrvChecker::checkFaceZones() {
     if (verbosity > 1) {
       std::cout << "  Face zones count: " << faces.ids.size() << std::endl;
     }
-    std::vector<int> parents;
-    std::vector<int> children;
-    openProvider()->beginFaceTree(parents, children);
-    openProvider()->endFaceTree();
-    const ZoneIdList treeZones(std::move(parents));
+    const ZoneIdList treeZones(listTreeParents(*openProvider()));
     checkZoneCommonAttributes(faces.ids, faces.nmax, "Face");
     const ZoneIdList known(faces.ids);
     for (const int zone : known) {
@@ -177,19 +175,19 @@ bool OrvChecker::checkZoneRanges(std::vector<std::pair<int, int>> ranges, const 
   std::sort(ranges.begin(), ranges.end());
   // Kept: equal ranges count as one, so that they don't overlap.
   ranges.erase(std::unique(ranges.begin(), ranges.end()), ranges.end());
-  for (std::size_t i = 1; i < ranges.size(); ++i) {
-    const int end = ranges[i - 1].second;
-    const int nextStart = ranges[i].first;
-    if (end >= nextStart) {
-      addError(1, "Overlapping " + kind + " ranges");
-      return false;
-    }
-    if (end + 1 != nextStart) {
-      addError(1, kind + " zones do not cover the full range of declared " + kind + "s");
-      return false;
-    }
+  const auto bad =
+      std::adjacent_find(ranges.begin(), ranges.end(), [](const auto& range, const auto& next) {
+        return range.second >= next.first || range.second + 1 != next.first;
+      });
+  if (bad == ranges.end()) {
+    return true;
   }
-  return true;
+  if (bad->second >= std::next(bad)->first) {
+    addError(1, "Overlapping " + kind + " ranges");
+  } else {
+    addError(1, kind + " zones do not cover the full range of declared " + kind + "s");
+  }
+  return false;
 }
 
 // --- Face zones ---------------------------------------------------------------------------------

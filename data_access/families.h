@@ -29,6 +29,15 @@ inline std::vector<int> listZones(OrvProvider& provider, const ReadFamily& famil
   return zoneIds;
 }
 
+/// The parent zones of the face tree, which is opened and closed at once as well.
+inline std::vector<int> listTreeParents(OrvProvider& provider) {
+  std::vector<int> parents;
+  std::vector<int> children;
+  provider.beginFaceTree(parents, children);
+  provider.endFaceTree();
+  return parents;
+}
+
 }  // namespace velto
 
 #endif  // VELTO_DATA_ACCESS_FAMILIES_H

@@ -46,13 +46,13 @@ std::vector<FaceLine> cubeFaces() {
 /// A row of unit cubes along x, numbered as the box of two above.
 class Row {
  public:
-  explicit Row(int cells) : cells_(cells) {}
+  explicit Row(std::uint64_t cells) : cells_(cells) {}
 
   Points points() const {
     Points points;
     for (const double z : {0, 1}) {
       for (const double y : {0, 1}) {
-        for (int x = 0; x <= cells_; ++x) {
+        for (std::uint64_t x = 0; x <= cells_; ++x) {
           points.push_back({static_cast<double>(x), y, z});
         }
       }
@@ -61,34 +61,34 @@ class Row {
   }
 
   /// The faces of a cell, counted from 1; `after` is the one between it and the next.
-  FaceLine after(int cell) const { return {across(cell), id(cell), id(cell + 1)}; }
-  FaceLine bottom(int cell) const {
-    return {{at(cell - 1, 0, 0), at(cell - 1, 1, 0), at(cell, 1, 0), at(cell, 0, 0)}, id(cell)};
+  FaceLine after(std::uint64_t cell) const { return {across(cell), cell, cell + 1}; }
+  FaceLine bottom(std::uint64_t cell) const {
+    return {{at(cell - 1, 0, 0), at(cell - 1, 1, 0), at(cell, 1, 0), at(cell, 0, 0)}, cell};
   }
-  FaceLine top(int cell) const {
-    return {{at(cell - 1, 0, 1), at(cell, 0, 1), at(cell, 1, 1), at(cell - 1, 1, 1)}, id(cell)};
+  FaceLine top(std::uint64_t cell) const {
+    return {{at(cell - 1, 0, 1), at(cell, 0, 1), at(cell, 1, 1), at(cell - 1, 1, 1)}, cell};
   }
 
   /// Front and back of a cell, and the end of the row where it is there.
-  std::vector<FaceLine> sides(int cell) const {
+  std::vector<FaceLine> sides(std::uint64_t cell) const {
     std::vector<FaceLine> faces;
     if (cell == 1) {
-      faces.push_back({{at(0, 0, 0), at(0, 0, 1), at(0, 1, 1), at(0, 1, 0)}, id(cell)});
+      faces.push_back({{at(0, 0, 0), at(0, 0, 1), at(0, 1, 1), at(0, 1, 0)}, cell});
     }
     if (cell == cells_) {
-      faces.push_back({across(cell), id(cell)});
+      faces.push_back({across(cell), cell});
     }
     faces.push_back(
-        {{at(cell - 1, 0, 0), at(cell, 0, 0), at(cell, 0, 1), at(cell - 1, 0, 1)}, id(cell)});
+        {{at(cell - 1, 0, 0), at(cell, 0, 0), at(cell, 0, 1), at(cell - 1, 0, 1)}, cell});
     faces.push_back(
-        {{at(cell - 1, 1, 0), at(cell - 1, 1, 1), at(cell, 1, 1), at(cell, 1, 0)}, id(cell)});
+        {{at(cell - 1, 1, 0), at(cell - 1, 1, 1), at(cell, 1, 1), at(cell, 1, 0)}, cell});
     return faces;
   }
 
   /// The boundary faces of the cells from `first` to `last`.
-  std::vector<FaceLine> walls(int first, int last) const {
+  std::vector<FaceLine> walls(std::uint64_t first, std::uint64_t last) const {
     std::vector<FaceLine> faces;
-    for (int cell = first; cell <= last; ++cell) {
+    for (std::uint64_t cell = first; cell <= last; ++cell) {
       for (const FaceLine& side : sides(cell)) {
         faces.push_back(side);
       }
@@ -99,15 +99,15 @@ class Row {
   }
 
  private:
-  static std::uint64_t id(int cell) { return static_cast<std::uint64_t>(cell); }
-
-  std::uint64_t at(int x, int y, int z) const {
-    return static_cast<std::uint64_t>(1 + x + (cells_ + 1) * (y + 2 * z));
+  std::uint64_t at(std::uint64_t x, std::uint64_t y, std::uint64_t z) const {
+    return 1 + x + (cells_ + 1) * (y + 2 * z);
   }
 
-  memory::Ids across(int x) const { return {at(x, 0, 0), at(x, 1, 0), at(x, 1, 1), at(x, 0, 1)}; }
+  memory::Ids across(std::uint64_t x) const {
+    return {at(x, 0, 0), at(x, 1, 0), at(x, 1, 1), at(x, 0, 1)};
+  }
 
-  int cells_;
+  std::uint64_t cells_;
 };
 
 /// Leaves of a case only its post targets, whose faces know no cells beside them.
@@ -169,21 +169,22 @@ CasePtr screenInFlow() {
 }
 
 CasePtr rowOfBodies(int count) {
-  const Row row(count);
+  const auto bodies = static_cast<std::uint64_t>(count);
+  const Row row(bodies);
   CaseBuilder builder;
   builder.units("m").nodes(1, "points", row.points());
   int zone = 1;
-  for (int cell = 1; cell < count; ++cell) {
+  for (std::uint64_t cell = 1; cell < bodies; ++cell) {
     builder.faces(++zone, "between " + std::to_string(cell), faceZoneType14, {row.after(cell)});
   }
-  for (int cell = 1; cell <= count; ++cell) {
+  for (std::uint64_t cell = 1; cell <= bodies; ++cell) {
     const std::string body = " of " + std::to_string(cell);
     builder.faces(++zone, "bottom" + body, boundaryPeriodic, {row.bottom(cell)});
     builder.faces(++zone, "top" + body, boundaryPeriodicShadow, {row.top(cell)});
     builder.shadows(zone - 1, zone);
     builder.faces(++zone, "sides" + body, boundaryWall, row.sides(cell));
   }
-  for (int cell = 1; cell <= count; ++cell) {
+  for (std::uint64_t cell = 1; cell <= bodies; ++cell) {
     builder.cells(++zone, "body " + std::to_string(cell), cellShapeHexahedron, 1);
   }
   return builder.build();

@@ -6,6 +6,7 @@
 #define VELTO_ORV_CHECKER_H
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <set>
 #include <string>
@@ -101,7 +102,8 @@ class VELTO_EXPORT OrvChecker {
   bool walkMesh(int mesh, std::set<int>& targetsMet);
   bool walkTarget(int mesh, int category, const std::vector<int>& partitions);
   bool checkSelected();
-  bool passAll(const std::vector<bool (OrvChecker::*)()>& checks);
+  using Check = bool (OrvChecker::*)();
+  bool passAll(std::initializer_list<Check> checks);
 
   // file_checks.cpp: the file as a whole, and the sizes of a mesh
   bool checkVersion(OrvDataClass dataClass);
