@@ -216,7 +216,7 @@ CasePtr periodicPair() {
 
 CasePtr postHex() {
   return asPost(CaseBuilder()
-                    .mesh({1, targetPost, -1})
+                    .mesh(kPostMesh)
                     .units("m")
                     .nodes(1, "points", cubePoints())
                     .faces(2, "walls", boundaryWall, cubeFaces())
@@ -227,7 +227,7 @@ CasePtr postHex() {
 
 CasePtr postPolyhedron() {
   return asPost(CaseBuilder()
-                    .mesh({1, targetPost, -1})
+                    .mesh(kPostMesh)
                     .units("m")
                     .nodes(1, "points", cubePoints())
                     .faces(2, "walls", boundaryWall, cubeFaces())

@@ -16,6 +16,9 @@ namespace velto::testing::cases {
 
 using CasePtr = std::shared_ptr<memory::Case>;
 
+/// Where postHex() and postPolyhedron() have their mesh.
+inline const base::MeshKey kPostMesh = {1, targetPost, -1};
+
 /// The unit cube as one hexahedron: nodes 1 "points" (8), face zone 2 "walls" (6), cell zone 3
 /// "fluid" (1).
 CasePtr oneHex();

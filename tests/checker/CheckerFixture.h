@@ -67,6 +67,11 @@ class CheckerFixture : public ::testing::Test {
     preparation_ = std::move(preparation);
   }
 
+  /// Has the library post an error when a call is made.
+  static void failOn(ScriptedProvider& provider, const std::string& call) {
+    provider.on(call, [](base::CaseCore& core) { core.messages.addError("disk gone"); });
+  }
+
   /// From now on no provider is made.
   void refuseProviders() { refuse_ = true; }
 

@@ -11,8 +11,7 @@ namespace velto::testing {
 namespace {
 
 using base::MeshKey;
-
-const MeshKey kPost = {1, targetPost, -1};
+using cases::kPostMesh;
 
 struct KindRow {
   const char* name;
@@ -211,7 +210,7 @@ TEST_F(ConnectivityTypes, AsksForTheCellTypeOfAZoneThatListsFaces) {
 
 TEST_F(ConnectivityTypes, WarnsOfAZoneThatListsFacesWithoutCellType) {
   const cases::CasePtr damaged = cases::postPolyhedron();
-  damaged->zone(3, kPost).cellInfo[cellZoneCellType].reset();
+  damaged->zone(3, kPostMesh).cellInfo[cellZoneCellType].reset();
   open(damaged);
   EXPECT_TRUE(checker_access::checkCellZoneConnectivityTypes(checker));
   EXPECT_EQ(
@@ -246,9 +245,7 @@ TEST_F(ConnectivityTypes, RefusesAPolyhedralZoneOfARestartTarget) {
 }
 
 TEST_F(ConnectivityTypes, EndTheWalkAtALibraryError) {
-  prepare([](ScriptedProvider& p) {
-    p.on("beginCellFaces", [](base::CaseCore& core) { core.messages.addError("disk gone"); });
-  });
+  prepare([](ScriptedProvider& p) { failOn(p, "beginCellFaces"); });
   const CheckResult result = check();
   EXPECT_FALSE(result.good);
   EXPECT_EQ(result.errors, Texts({"checkCellZoneConnectivityTypes : ORV - disk gone"}));
@@ -280,7 +277,7 @@ TEST_F(ConnectivityTypes, AreKeptFromOneRunToTheNext) {
   serve(cases::postHex());
   EXPECT_TRUE(check().good);
   const cases::CasePtr bare = cases::postHex();
-  bare->arrays(kPost).cellNodes = {};
+  bare->arrays(kPostMesh).cellNodes = {};
   serve(bare);
   EXPECT_TRUE(check().good);
   OrvChecker fresh;

@@ -129,7 +129,7 @@ TEST_F(CheckVersion, ShowsTheVersionFromVerbosityTwo) {
 TEST_F(CheckVersion, DoesNotCollectTheLibrarysMessagesAtANewerMajorVersion) {
   prepare([](ScriptedProvider& p) {
     p.answerVersion(4, 0, 0);
-    p.on("getFileVersion", [](base::CaseCore& core) { core.messages.addError("disk gone"); });
+    failOn(p, "getFileVersion");
   });
   const CheckResult result = check();
   EXPECT_FALSE(result.good);
@@ -140,7 +140,7 @@ TEST_F(CheckVersion, DoesNotCollectTheLibrarysMessagesAtANewerMajorVersion) {
 TEST_F(CheckVersion, DoesNotCollectTheLibrarysMessagesAtAnInvalidVersion) {
   prepare([](ScriptedProvider& p) {
     p.answerVersion(0, 0, 0);
-    p.on("getFileVersion", [](base::CaseCore& core) { core.messages.addError("disk gone"); });
+    failOn(p, "getFileVersion");
   });
   EXPECT_EQ(check().errors, Texts({"checkVersion : ORV version number invalid"}));
 }

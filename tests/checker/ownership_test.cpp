@@ -97,7 +97,7 @@ TEST_F(Ownership, KeepsACaseThatCannotBeReadUntilTheEnd) {
 
 TEST_F(Ownership, KeepsACaseWhoseWalkFailedUntilTheEnd) {
   prepare([](ScriptedProvider& p) {
-    p.on("setMeshId", [](base::CaseCore& core) { core.messages.addError("disk gone"); });
+    failOn(p, "setMeshId");
   });
   checkSubject();
   EXPECT_EQ(lives(), Transcript({"startReading(FILE, 0)"}));

@@ -15,11 +15,6 @@ class Walk : public CheckerFixture {
  protected:
   Walk() { checker.setCheckLevel(0); }
 
-  /// The library has an error when the call is made.
-  static void failOn(ScriptedProvider& provider, const std::string& call) {
-    provider.on(call, [](base::CaseCore& core) { core.messages.addError("disk gone"); });
-  }
-
   /// What a message of the library reads like that is taken over at the start of a pass.
   const std::string diskGone_ = std::string(kStepBeforeWalk) + " : ORV - disk gone";
 };

@@ -12,9 +12,7 @@
 namespace velto::testing {
 namespace {
 
-using base::MeshKey;
-
-const MeshKey kPost = {1, targetPost, -1};
+using cases::kPostMesh;
 
 struct RelationRow {
   const char* name;
@@ -89,19 +87,19 @@ const std::vector<RelationRow>& relationRows() {
       {"PassesAPostTargetWithoutRelation", cases::postHex, [](memory::Case&) {}, {}},
       {"ReportsAPostCellZoneThatIsBounded",
        cases::postHex,
-       [](memory::Case& c) { c.zone(3, kPost).boundingFaceZones = {2}; },
+       [](memory::Case& c) { c.zone(3, kPostMesh).boundingFaceZones = {2}; },
        {"checkMeshConnectivity : Cell zone [3] is bounded by Face zones in ORV Post mesh (1)."}},
       {"ReportsAPostCellZoneThatIsBoundedByNoFaceZone",
        cases::postHex,
-       [](memory::Case& c) { c.zone(3, kPost).boundingFaceZones = {77}; },
+       [](memory::Case& c) { c.zone(3, kPostMesh).boundingFaceZones = {77}; },
        {"checkMeshConnectivity : Cell zone [3] is bounded by Face zones in ORV Post mesh (1)."}},
       {"ReportsAPostFaceZoneThatBounds",
        cases::postHex,
-       [](memory::Case& c) { c.zone(2, kPost).sideCellZones[0] = {3}; },
+       [](memory::Case& c) { c.zone(2, kPostMesh).sideCellZones[0] = {3}; },
        {"checkMeshConnectivity : Face zone [2] found to bound cell zones in a ORV Post mesh (1)."}},
       {"ReportsAPostFaceZoneThatBoundsOnSideOne",
        cases::postHex,
-       [](memory::Case& c) { c.zone(2, kPost).sideCellZones[1] = {77}; },
+       [](memory::Case& c) { c.zone(2, kPostMesh).sideCellZones[1] = {77}; },
        {"checkMeshConnectivity : Face zone [2] found to bound cell zones in a ORV Post mesh (1)."}},
       {"NamesThePartitionOfABoundedCellZone",
        cases::withPartitions,
@@ -141,10 +139,6 @@ INSTANTIATE_TEST_SUITE_P(MeshConnectivity, MeshConnectivityRows,
 
 class MeshConnectivity : public CheckerFixture {
  protected:
-  static void failOn(ScriptedProvider& provider, const std::string& call) {
-    provider.on(call, [](base::CaseCore& core) { core.messages.addError("disk gone"); });
-  }
-
   Transcript relationCalls() const {
     return callsOf({"getCellFaceZoneIds", "getFaceCellZone0Ids", "getFaceCellZone1Ids"});
   }
@@ -229,7 +223,7 @@ TEST_F(MeshConnectivity, GoesOnAfterALibraryErrorOfACellZoneOfAPostTarget) {
 
 TEST_F(MeshConnectivity, ReportsABoundedPostCellZoneAfterALibraryError) {
   const cases::CasePtr damaged = cases::postHex();
-  damaged->zone(3, kPost).boundingFaceZones = {2};
+  damaged->zone(3, kPostMesh).boundingFaceZones = {2};
   serve(damaged);
   prepare([](ScriptedProvider& p) { failOn(p, "getCellFaceZoneIds(3)"); });
   EXPECT_EQ(

@@ -268,43 +268,43 @@ TEST_P(ZoneRangeRows, AreJudged) {
 INSTANTIATE_TEST_SUITE_P(ZoneRanges, ZoneRangeRows, ::testing::ValuesIn(rangeRows()),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(ZoneTables, SpellFacesInTheirMessages) {
-  const auto errorOf = [this](std::uint64_t nmax, const std::vector<Zone>& zones) {
+class ZoneMessages : public ZoneTablesFixture {
+ protected:
+  /// What a fresh checker says of such a table.
+  Texts errorsOf(OrvZoneCategory category, std::uint64_t nmax, const std::vector<Zone>& zones) {
     OrvChecker fresh;
-    serve(withZones(zoneCategoryFace, nmax, zones));
+    serve(withZones(category, nmax, zones));
     return check(fresh, file.path()).errors;
-  };
-  EXPECT_EQ(errorOf(6, {{2, 1, 6, 5}}),
+  }
+};
+
+TEST_F(ZoneMessages, SpellFaces) {
+  EXPECT_EQ(errorsOf(zoneCategoryFace, 6, {{2, 1, 6, 5}}),
             Texts({"checkFaceZones : Error in zone size / start / end"}));
-  EXPECT_EQ(errorOf(6, {{2, 1, 4, 4}, {7, 4, 6, 3}}),
+  EXPECT_EQ(errorsOf(zoneCategoryFace, 6, {{2, 1, 4, 4}, {7, 4, 6, 3}}),
             Texts({"checkFaceZones : Overlapping Face ranges"}));
-  EXPECT_EQ(errorOf(6, {{2, 1, 3, 3}, {7, 5, 6, 2}}),
+  EXPECT_EQ(errorsOf(zoneCategoryFace, 6, {{2, 1, 3, 3}, {7, 5, 6, 2}}),
             Texts({"checkFaceZones : Face zones do not cover the full range of declared Faces"}));
-  EXPECT_EQ(errorOf(7, {{2, 1, 6, 6}}),
+  EXPECT_EQ(errorsOf(zoneCategoryFace, 7, {{2, 1, 6, 6}}),
             Texts({"checkFaceZones : Mismatch in Face zones content and total number of Faces"}));
-  EXPECT_EQ(errorOf(6, {{2, 2, 7, 6}}),
+  EXPECT_EQ(errorsOf(zoneCategoryFace, 6, {{2, 2, 7, 6}}),
             Texts({"checkFaceZones : Face zones total range doesnt match [1,nmax]"}));
 }
 
-TEST_F(ZoneTables, SpellCellsInTheirMessages) {
-  const auto errorOf = [this](std::uint64_t nmax, const std::vector<Zone>& zones) {
-    OrvChecker fresh;
-    serve(withZones(zoneCategoryCell, nmax, zones));
-    return check(fresh, file.path()).errors;
-  };
-  EXPECT_EQ(errorOf(6, {{3, 1, 6, 5}}),
+TEST_F(ZoneMessages, SpellCells) {
+  EXPECT_EQ(errorsOf(zoneCategoryCell, 6, {{3, 1, 6, 5}}),
             Texts({"checkCellZones : Error in zone size / start / end"}));
-  EXPECT_EQ(errorOf(6, {{3, 1, 4, 4}, {7, 4, 6, 3}}),
+  EXPECT_EQ(errorsOf(zoneCategoryCell, 6, {{3, 1, 4, 4}, {7, 4, 6, 3}}),
             Texts({"checkCellZones : Overlapping Cell ranges"}));
-  EXPECT_EQ(errorOf(6, {{3, 1, 3, 3}, {7, 5, 6, 2}}),
+  EXPECT_EQ(errorsOf(zoneCategoryCell, 6, {{3, 1, 3, 3}, {7, 5, 6, 2}}),
             Texts({"checkCellZones : Cell zones do not cover the full range of declared Cells"}));
-  EXPECT_EQ(errorOf(7, {{3, 1, 6, 6}}),
+  EXPECT_EQ(errorsOf(zoneCategoryCell, 7, {{3, 1, 6, 6}}),
             Texts({"checkCellZones : Mismatch in Cell zones content and total number of Cells"}));
-  EXPECT_EQ(errorOf(6, {{3, 2, 7, 6}}),
+  EXPECT_EQ(errorsOf(zoneCategoryCell, 6, {{3, 2, 7, 6}}),
             Texts({"checkCellZones : Cell zones total range doesnt match [1,nmax]"}));
 }
 
-TEST_F(ZoneTables, SpellAnyKindAsItIsGiven) {
+TEST_F(ZoneMessages, SpellAnyKindAsItIsGiven) {
   open(cases::oneHex());
   const StreamCapture streams;
   EXPECT_FALSE(checker_access::checkZoneCommonAttributes(checker, {2}, 7, "edge"));
