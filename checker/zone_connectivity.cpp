@@ -11,6 +11,9 @@
 
 #include <iostream>
 #include <list>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "velto/OrvChecker.h"
 

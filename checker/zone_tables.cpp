@@ -13,7 +13,9 @@
 #include <cstdint>
 #include <iostream>
 #include <iterator>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "velto/OrvChecker.h"
 
