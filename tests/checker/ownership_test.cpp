@@ -96,9 +96,7 @@ TEST_F(Ownership, KeepsACaseThatCannotBeReadUntilTheEnd) {
 }
 
 TEST_F(Ownership, KeepsACaseWhoseWalkFailedUntilTheEnd) {
-  prepare([](ScriptedProvider& p) {
-    failOn(p, "setMeshId");
-  });
+  prepare([](ScriptedProvider& p) { failOn(p, "setMeshId"); });
   checkSubject();
   EXPECT_EQ(lives(), Transcript({"startReading(FILE, 0)"}));
   subject_.reset();
