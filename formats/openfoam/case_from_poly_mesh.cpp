@@ -53,9 +53,9 @@ class Assembler {
     tables_.sizes[meshCellCount] = survey_.cellCount();
     addNodes();
     addFaces();
-    const std::vector<ElementZone> cellZones = filledCellZones();
-    const ZoneLayout cells =
-        layOutZones(cellZones, survey_.cellCount(), cellZones.empty() ? "cells" : "default", false);
+    leaveOutEmptyCellZones();
+    const ZoneLayout cells = layOutZones(mesh_.cellZones, survey_.cellCount(),
+                                         mesh_.cellZones.empty() ? "cells" : "default", false);
     if (cells.isRenumbered()) {
       renumberCells(cells);
     }
@@ -139,18 +139,17 @@ class Assembler {
     }
   }
 
-  /// The cell zones that hold cells. A zone without any, as decomposed cases have them, is bounded
-  /// by nothing; a setting keeps its name.
-  std::vector<ElementZone> filledCellZones() {
-    std::vector<ElementZone> filled;
-    for (const ElementZone& zone : mesh_.cellZones) {
-      if (zone.labels.empty()) {
+  /// A cell zone without cells, as decomposed cases have them, is bounded by nothing: it becomes no
+  /// zone of the case, and a setting keeps its name.
+  void leaveOutEmptyCellZones() {
+    std::vector<ElementZone>& zones = mesh_.cellZones;
+    const auto isEmpty = [](const ElementZone& zone) { return zone.labels.empty(); };
+    for (const ElementZone& zone : zones) {
+      if (isEmpty(zone)) {
         case_.setSetting("openfoam/cellZones/" + zone.name + "/cells", "0");
-      } else {
-        filled.push_back(zone);
       }
     }
-    return filled;
+    zones.erase(std::remove_if(zones.begin(), zones.end(), isEmpty), zones.end());
   }
 
   /// The face zones without the boundary faces in them, which stay in their patches.
