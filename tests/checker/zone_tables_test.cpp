@@ -2,6 +2,7 @@
 //
 // The rules for face zones and for cell zones, and that no sound case breaks any.
 
+#include <algorithm>
 #include <functional>
 
 #include "embedded/memory/MemoryConsumer.h"
@@ -328,10 +329,22 @@ TEST_P(SoundCases, GiveNoMessage) {
   EXPECT_EQ(result.err, "");
 }
 
-TEST_P(SoundCases, StaySoundWhenWritten) {
-  if (GetParam().name == "PostPolyhedron") {
-    GTEST_SKIP() << "a consumer takes no faces of cells";
-  }
+INSTANTIATE_TEST_SUITE_P(ZoneTables, SoundCases, ::testing::ValuesIn(cases::all()),
+                         [](const auto& row) { return row.param.name; });
+
+/// All but the case whose cells list their faces, for which a consumer has no operation.
+std::vector<cases::NamedCase> writableCases() {
+  std::vector<cases::NamedCase> writable = cases::all();
+  writable.erase(std::remove_if(writable.begin(), writable.end(),
+                                [](const auto& one) { return one.name == "PostPolyhedron"; }),
+                 writable.end());
+  return writable;
+}
+
+class WrittenCases : public CheckerFixture,
+                     public ::testing::WithParamInterface<cases::NamedCase> {};
+
+TEST_P(WrittenCases, StaySound) {
   memory::MemoryConsumer consumer;
   writeCase(*GetParam().make(), consumer);
   serve(consumer.takeCase());
@@ -342,7 +355,7 @@ TEST_P(SoundCases, StaySoundWhenWritten) {
   EXPECT_EQ(result.warnings, Texts());
 }
 
-INSTANTIATE_TEST_SUITE_P(ZoneTables, SoundCases, ::testing::ValuesIn(cases::all()),
+INSTANTIATE_TEST_SUITE_P(ZoneTables, WrittenCases, ::testing::ValuesIn(writableCases()),
                          [](const auto& row) { return row.param.name; });
 
 }  // namespace

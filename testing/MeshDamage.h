@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// MeshDamage: the kinds of damage to one mesh of a case.
+
+#ifndef VELTO_TESTING_MESH_DAMAGE_H
+#define VELTO_TESTING_MESH_DAMAGE_H
+
+#include <cstdint>
+#include <string>
+
+#include "embedded/memory/Case.h"
+#include "testing/Random.h"
+
+namespace velto::testing {
+
+/// Each member does one thing that is drawn at once, and tells in a few words what it did. What it
+/// takes away may be a mesh or its arrays: an object is good for one damage.
+class MeshDamage {
+ public:
+  /// `damaged` and `random` outlive the object.
+  MeshDamage(memory::Case& damaged, const base::MeshKey& key, Random& random);
+
+  // MeshDamage.cpp: sizes, ranges, lists of zones
+  std::string dimension();
+  std::string count();
+  std::string dimensionOfZone();
+  std::string zoneSize();
+  /// Another range for a zone, with an element count that fits.
+  std::string range();
+  /// More elements in a zone; all zones behind it move.
+  std::string growth();
+  /// A zone that is listed twice counts twice, but its range is there once. With all of them moved
+  /// by its size, the last element has the number that the count makes one expect.
+  std::string twin();
+  std::string zoneList();
+
+  // mesh_damage_links.cpp: names, types, links, relations, families, whole records
+  std::string name();
+  std::string faceInfo();
+  std::string faceLink();
+  std::string cellType();
+  std::string cellLink();
+  std::string relation();
+  /// A zone into, or out of, a family that says what a cell is made of.
+  std::string family();
+  std::string tree();
+  std::string record();
+  /// The mesh once more, under another key.
+  std::string copy();
+  /// The last thing that is done with the mesh.
+  std::string removal();
+
+ private:
+  base::ZoneRecord& zone(int id) { return mesh_.zones[id]; }
+  static std::string zoneText(int id) { return "zone " + std::to_string(id) + ": "; }
+  void setRange(int id, std::uint64_t first, std::uint64_t last);
+
+  /// Makes the number of elements of a category fit what its zones say.
+  std::string recount(OrvZoneCategory category);
+
+  memory::Case& case_;
+  base::MeshKey key_;
+  base::MeshTables& mesh_;
+  memory::MeshData& data_;
+  Random& random_;
+};
+
+}  // namespace velto::testing
+
+#endif  // VELTO_TESTING_MESH_DAMAGE_H

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// PlainChecker: what a checker has to do, written down as plainly as possible, for comparison.
+
+#ifndef VELTO_TESTS_CHECKER_PLAIN_CHECKER_H
+#define VELTO_TESTS_CHECKER_PLAIN_CHECKER_H
+
+#include <cstdint>
+#include <functional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "data_access/OrvFileProvider.h"
+
+namespace velto::testing {
+
+/// The rules of OrvChecker a second time, one after the other and without any care for speed.
+///
+/// The checker looks links up in sorted lists, and will do more of that kind to be fast on large
+/// cases. This one searches every list from its start, and stays like that, so that random cases
+/// tell when a shortcut of the checker changes a message, its place, or a call on the provider. It
+/// was written from the rules; to take over code of the checker would take over its mistakes.
+///
+/// It grows with the checker: at present it covers check levels 0 and 1, without the location model
+/// and the physics objects. Level 2 runs what level 1 does.
+class PlainChecker {
+ public:
+  /// The caller owns what a maker gives; null for a file of no known format.
+  using ProviderMaker = std::function<OrvFileProvider*(const std::string& fileName)>;
+
+  explicit PlainChecker(ProviderMaker makeProvider);
+  PlainChecker(const PlainChecker&) = delete;
+  PlainChecker& operator=(const PlainChecker&) = delete;
+  ~PlainChecker();
+
+  // As those of OrvChecker.
+  void setVerbosity(int value) { verbosity_ = value; }
+  void setCheckLevel(int value) { checkLevel_ = value; }
+  void setMeshId(int value) { meshId_ = value; }
+  void setPartitionId(int value) { partitionId_ = value; }
+  void setTarget(const std::string& word);
+  bool checkCase(const std::string& fileName);
+  const std::vector<std::string>& getErrors() const { return errors_; }
+  const std::vector<std::string>& getWarnings() const { return warnings_; }
+
+  /// What the checker would have written since the last call of takeOut() or takeErr().
+  std::string takeOut();
+  std::string takeErr();
+
+  /// What one walk leaves for the next.
+  const std::vector<int>& cellZoneConnectivityTypes() const { return kinds_; }
+  int cellsFromFacesMode() const { return mode_; }
+
+ private:
+  // PlainChecker.cpp: the log, the walk, the file as a whole
+  void release();
+  void addError(const std::string& message);
+  void addWarning(const std::string& message);
+  void displayStep(const std::string& step, const std::string& detail);
+  bool checkORVErrors();
+  std::string location();
+  bool openCase(const std::string& fileName);
+  bool walkMesh(int mesh, std::set<int>& met);
+  bool walkTarget(int mesh, int target, const std::vector<int>& partitions);
+  bool checkSelected();
+  bool checkVersion();
+  void compareVersions(int minor, int patch);
+  void checkSolverType();
+  bool checkMeshSize();
+
+  // plain_zone_connectivity.cpp: which zones bound which, how the cells of each are described
+  bool checkMeshConnectivity();
+  bool checkCellZoneBounds(int zone, const std::vector<int>& faceZones, bool restart);
+  bool checkFaceZoneSide(int zone, int side, const std::vector<int>& cellZones, bool restart);
+  void checkCellZoneConnectivityTypes();
+  int judge(int zone, int kind, bool hasNodes, bool hasFaces, bool restart);
+
+  // plain_zone_tables.cpp: sizes, ranges, names, types and links of zones
+  void checkNodeZones();
+  void checkFaceZones();
+  void checkCellZones();
+  bool beginZoneTable(const std::string& kind, std::uint64_t count, const std::vector<int>& zones);
+  void checkCommonAttributes(const std::vector<int>& zones, std::uint64_t count,
+                             const std::string& kind);
+  bool checkRanges(const std::set<std::pair<int, int>>& ranges, const std::string& kind);
+  void checkFaceZone(int zone, std::uint64_t dimension, const std::vector<int>& zones,
+                     const std::vector<int>& treeZones);
+  void checkShadow(int zone, int shadow, const std::vector<int>& zones);
+  void checkCellZone(int zone, std::uint64_t dimension, const std::vector<int>& zones, int kind);
+
+  std::uint64_t meshSize(OrvMeshSizeType key) const;
+  std::uint64_t zoneSize(int zone, OrvZoneSizeType key) const;
+  std::string zoneText(int zone, OrvZoneStringInfoType key) const;
+  std::vector<int> zonesOf(OrvZoneCategory category) const;
+
+  ProviderMaker makeProvider_;
+  OrvFileProvider* provider_ = nullptr;
+  int verbosity_ = 1;
+  int checkLevel_ = 1;
+  int meshId_ = 0;
+  int partitionId_ = -1;
+  int target_ = -1;
+  int mode_ = 0;
+  std::vector<int> kinds_;
+  std::string currentStep_;
+  std::vector<std::string> errors_;
+  std::vector<std::string> warnings_;
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+/// True if `value` stands in a list.
+bool standsIn(const std::vector<int>& list, int value);
+
+}  // namespace velto::testing
+
+#endif  // VELTO_TESTS_CHECKER_PLAIN_CHECKER_H

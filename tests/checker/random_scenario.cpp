@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Random scenarios: drawn, and run with both checkers.
+
+#include "tests/checker/random_scenario.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <utility>
+
+#include "testing/capture.h"
+#include "testing/random_case.h"
+#include "testing/random_script.h"
+#include "tests/checker/PlainChecker.h"
+#include "tests/checker/checker_access.h"
+
+namespace velto::testing {
+
+namespace {
+
+using Limits = std::numeric_limits<int>;
+
+std::vector<std::uint64_t> randomSeeds(std::size_t count, Random& random) {
+  std::vector<std::uint64_t> seeds(count);
+  for (std::uint64_t& seed : seeds) {
+    seed = random.next();
+  }
+  return seeds;
+}
+
+/// The first run has a verbosity of its own, later ones mostly that of the run before.
+void drawOptions(ScenarioRun& run, bool isFirst, Random& random) {
+  if (isFirst || random.chance(30)) {
+    run.verbosity = random.pick<int>({0, 1, 1, 2, 2, 3, 3, 4, -1, Limits::min(), Limits::max()});
+  }
+  if (random.chance(4)) {
+    run.checkLevel = random.pick<int>({-1, 0, 0, 1, Limits::min()});
+  }
+  if (random.chance(6)) {
+    run.meshId = random.between(-2, 4);
+  }
+  if (random.chance(6)) {
+    run.partitionId = random.between(-2, 3);
+  }
+  if (random.chance(8)) {
+    run.target = random.pick<std::string>({"restart", "post", "ppost", "Restart", "", "post "});
+  }
+}
+
+const std::string& readableFile() {
+  static const TemporaryFile kFile;
+  return kFile.path();
+}
+
+std::string missingFile() { return ::testing::TempDir() + "velto_checker_no_such_file"; }
+
+/// The runs of a scenario, what they open, and the calls on that.
+class Stage {
+ public:
+  explicit Stage(const Scenario& scenario) : scenario_(scenario) {}
+
+  /// Runs all of it with a subject that is made with this stage's providers.
+  template <class Subject>
+  std::vector<Judgement> play() {
+    std::vector<Judgement> judgements;
+    {
+      Subject subject([this](const std::string&) { return makeProvider(); });
+      for (const ScenarioRun& run : scenario_) {
+        run_ = &run;
+        setOptions(subject.checker);
+        const bool isMissing = run.file == FileKind::isMissing;
+        judgements.push_back(subject.check(isMissing ? missingFile() : readableFile()));
+        judgements.back().calls.swap(calls_);
+      }
+    }
+    Transcript& last = judgements.back().calls;
+    last.insert(last.end(), calls_.begin(), calls_.end());
+    return judgements;
+  }
+
+ private:
+  template <class Checker>
+  void setOptions(Checker& checker) const {
+    if (run_->verbosity) {
+      checker.setVerbosity(*run_->verbosity);
+    }
+    if (run_->checkLevel) {
+      checker.setCheckLevel(*run_->checkLevel);
+    }
+    if (run_->meshId) {
+      checker.setMeshId(*run_->meshId);
+    }
+    if (run_->partitionId) {
+      checker.setPartitionId(*run_->partitionId);
+    }
+    if (run_->target) {
+      checker.setTarget(*run_->target);
+    }
+  }
+
+  OrvFileProvider* makeProvider() {
+    if (run_->file == FileKind::hasNoFormat) {
+      return nullptr;
+    }
+    const cases::CasePtr served = makeCase(*run_);
+    const std::string name = "provider " + std::to_string(++made_);
+    auto provider = std::make_unique<ScriptedProvider>(served, &calls_, name);
+    if (run_->file == FileKind::isRefused) {
+      provider->refuseToRead("no such thing");
+    }
+    misbehaveAsIn(*run_, *provider, *served);
+    return provider.release();
+  }
+
+  const Scenario& scenario_;
+  const ScenarioRun* run_ = nullptr;
+  Transcript calls_;
+  int made_ = 0;
+};
+
+struct CheckerSubject {
+  explicit CheckerSubject(TestFactory::ProviderMaker maker) : factory(std::move(maker)) {}
+
+  Judgement check(const std::string& fileName) {
+    const StreamCapture streams;
+    Judgement result;
+    result.good = checker.checkCase(fileName);
+    result.errors = checker.getErrors();
+    result.warnings = checker.getWarnings();
+    result.out = streams.out();
+    result.err = streams.err();
+    result.cellZoneConnectivityTypes = checker_access::cellZoneConnectivityTypes(checker);
+    result.cellsFromFacesMode = checker_access::cellsFromFacesMode(checker);
+    return result;
+  }
+
+  TestFactory factory;
+  OrvChecker checker;
+};
+
+struct PlainSubject {
+  explicit PlainSubject(PlainChecker::ProviderMaker maker) : checker(std::move(maker)) {}
+
+  Judgement check(const std::string& fileName) {
+    Judgement result;
+    result.good = checker.checkCase(fileName);
+    result.errors = checker.getErrors();
+    result.warnings = checker.getWarnings();
+    result.out = checker.takeOut();
+    result.err = checker.takeErr();
+    result.cellZoneConnectivityTypes = checker.cellZoneConnectivityTypes();
+    result.cellsFromFacesMode = checker.cellsFromFacesMode();
+    return result;
+  }
+
+  PlainChecker checker;
+};
+
+}  // namespace
+
+Scenario randomScenario(std::uint64_t seed) {
+  Random random(seed);
+  Scenario scenario(random.chance(65) ? 1 : 2 + random.below(2));
+  const std::uint64_t firstSeed = random.next();
+  for (ScenarioRun& run : scenario) {
+    const bool isFirst = &run == &scenario.front();
+    run.caseSeed = isFirst || random.chance(30) ? firstSeed : random.next();
+    if (random.chance(scenario.size() == 1 ? 1 : 6)) {
+      run.file =
+          random.pick<FileKind>({FileKind::isMissing, FileKind::hasNoFormat, FileKind::isRefused});
+    }
+    run.damageSeeds = randomSeeds(random.pick<std::size_t>({0, 0, 1, 1, 1, 2, 2, 3, 4, 6}), random);
+    run.misbehaviourSeeds = randomSeeds(random.chance(60) ? 0 : 1 + random.below(3), random);
+    drawOptions(run, isFirst, random);
+  }
+  return scenario;
+}
+
+cases::CasePtr makeCase(const ScenarioRun& run, Texts* steps) {
+  Random random(run.caseSeed);
+  auto made = std::make_shared<memory::Case>(randomSoundCase(random));
+  for (const std::uint64_t seed : run.damageSeeds) {
+    Random ofStep(seed);
+    const std::string text = damage(*made, ofStep);
+    if (steps != nullptr) {
+      steps->push_back(text);
+    }
+  }
+  return made;
+}
+
+void misbehaveAsIn(const ScenarioRun& run, ScriptedProvider& provider, const memory::Case& served,
+                   Texts* steps) {
+  for (const std::uint64_t seed : run.misbehaviourSeeds) {
+    Random ofStep(seed);
+    const std::string text = misbehave(provider, served, ofStep);
+    if (steps != nullptr) {
+      steps->push_back(text);
+    }
+  }
+}
+
+std::vector<Judgement> judge(const Scenario& scenario) {
+  return Stage(scenario).play<CheckerSubject>();
+}
+
+std::vector<Judgement> judgePlainly(const Scenario& scenario) {
+  return Stage(scenario).play<PlainSubject>();
+}
+
+bool isJudgedDifferently(const Scenario& scenario) {
+  const std::vector<Judgement> expected = judgePlainly(scenario);
+  const std::vector<Judgement> found = judge(scenario);
+  return !std::equal(expected.begin(), expected.end(), found.begin(), found.end());
+}
+
+}  // namespace velto::testing
