@@ -90,17 +90,18 @@ void askAll(OrvProvider& source, const Look& look) {
   std::uint64_t size = 0;
   std::string text;
   int info = 0;
-  const auto askSizes = [&](int zone) {
-    for (const OrvZoneSizeType key : {zoneFirstId, zoneLastId, zoneElementCount, zoneDimension}) {
-      source.getZoneSizeInfo(zone, key, size);
+  for (const std::vector<int>* zones : {&nodeZones, &faceZones, &cellZones}) {
+    for (const int zone : *zones) {
+      for (const OrvZoneSizeType key : {zoneFirstId, zoneLastId, zoneElementCount}) {
+        source.getZoneSizeInfo(zone, key, size);
+      }
+      source.getZoneStringInfo(zone, zoneName, text);
     }
-    source.getZoneStringInfo(zone, zoneName, text);
+  }
+  for (const int zone : faceZones) {
+    source.getZoneSizeInfo(zone, zoneDimension, size);
     source.getZoneStringInfo(zone, zoneName, text);
     source.getZoneStringInfo(zone, zoneTypeName, text);
-  };
-  std::for_each(nodeZones.begin(), nodeZones.end(), askSizes);
-  for (const int zone : faceZones) {
-    askSizes(zone);
     for (const OrvFaceZoneInfoType key :
          {faceZoneFaceType, faceZoneType, faceZoneChild, faceZoneParent0, faceZoneParent1}) {
       source.getFaceZoneInfo(zone, key, info);
@@ -113,7 +114,9 @@ void askAll(OrvProvider& source, const Look& look) {
     }
   }
   for (const int zone : cellZones) {
-    askSizes(zone);
+    source.getZoneSizeInfo(zone, zoneDimension, size);
+    source.getZoneStringInfo(zone, zoneName, text);
+    source.getZoneStringInfo(zone, zoneName, text);
     source.getCellZoneInfo(zone, cellZoneCellType, info);
     source.getCellZoneInfo(zone, cellZoneChild, info);
   }
