@@ -46,9 +46,23 @@ bool isUnknown(const std::vector<std::string>& errors) {
   return !errors.empty() && errors.front() == " : Not a ORV file (cannot setup provider)";
 }
 
+/// A recorded message, "<step> : <text>".
+struct Message {
+  std::string step;
+  std::string text;
+};
+
+Message messageOf(const std::string& recorded) {
+  const std::size_t separator = recorded.find(" : ");
+  if (separator == std::string::npos) {
+    return {"", recorded};
+  }
+  return {recorded.substr(0, separator), recorded.substr(separator + 3)};
+}
+
 /// Whether a message is about single zones, which it does not name.
-bool isOfZones(const std::string& message) {
-  const std::string step = message.substr(0, message.find(" : "));
+bool isOfZones(const std::string& recorded) {
+  const std::string step = messageOf(recorded).step;
   return step == "checkNodeZones" || step == "checkFaceZones" || step == "checkCellZones";
 }
 
@@ -113,19 +127,11 @@ std::string totalLine(const std::vector<FileResult>& results) {
                      having(Verdict::sound), having(Verdict::errors), having(Verdict::notChecked));
 }
 
-/// "<step> : <message>" as two fields.
-nlohmann::ordered_json messageJson(const std::string& text) {
-  const std::size_t separator = text.find(" : ");
-  if (separator == std::string::npos) {
-    return {{"step", ""}, {"message", text}};
-  }
-  return {{"step", text.substr(0, separator)}, {"message", text.substr(separator + 3)}};
-}
-
-nlohmann::ordered_json messagesJson(const std::vector<std::string>& texts) {
+nlohmann::ordered_json messagesJson(const std::vector<std::string>& recorded) {
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
-  for (const std::string& text : texts) {
-    list.push_back(messageJson(text));
+  for (const std::string& one : recorded) {
+    const Message message = messageOf(one);
+    list.push_back({{"step", message.step}, {"message", message.text}});
   }
   return list;
 }

@@ -36,12 +36,12 @@ OrvFileProvider* CheckerFixture::makeProvider() {
   return provider.release();
 }
 
-CheckResult CheckerFixture::check(OrvChecker& subject, const std::string& fileName) {
+CheckResult runChecker(OrvChecker& checker, const std::string& fileName) {
   const StreamCapture streams;
   CheckResult result;
-  result.good = subject.checkCase(fileName);
-  result.errors = subject.getErrors();
-  result.warnings = subject.getWarnings();
+  result.good = checker.checkCase(fileName);
+  result.errors = checker.getErrors();
+  result.warnings = checker.getWarnings();
   result.out = streams.out();
   result.err = streams.err();
   return result;

@@ -48,6 +48,9 @@ struct CheckResult {
   std::string err;
 };
 
+/// Runs checkCase with both streams captured; the lists are copies of all that the checker holds.
+CheckResult runChecker(OrvChecker& checker, const std::string& fileName);
+
 /// Tests say what the provider does (prepare), then run the checker on a file of any content:
 ///
 ///     prepare([](ScriptedProvider& p) { p.answerVersion(0, 0, 0); });
@@ -75,9 +78,10 @@ class CheckerFixture : public ::testing::Test {
   /// From now on no provider is made.
   void refuseProviders() { refuse_ = true; }
 
-  /// Runs checkCase with both streams captured; the lists are copies of all that the checker holds.
-  CheckResult check() { return check(checker, file.path()); }
-  static CheckResult check(OrvChecker& subject, const std::string& fileName);
+  CheckResult check() { return runChecker(checker, file.path()); }
+  static CheckResult check(OrvChecker& subject, const std::string& fileName) {
+    return runChecker(subject, fileName);
+  }
 
   /// Opens a case and selects its last mesh, target and partition, so that one check of a pass can
   /// be called by itself; calls are written down from then on.

@@ -9,7 +9,6 @@
 #include <memory>
 #include <utility>
 
-#include "testing/capture.h"
 #include "testing/random_case.h"
 #include "testing/random_script.h"
 #include "tests/checker/PlainChecker.h"
@@ -123,13 +122,7 @@ struct CheckerSubject {
   explicit CheckerSubject(TestFactory::ProviderMaker maker) : factory(std::move(maker)) {}
 
   Judgement check(const std::string& fileName) {
-    const StreamCapture streams;
-    Judgement result;
-    result.good = checker.checkCase(fileName);
-    result.errors = checker.getErrors();
-    result.warnings = checker.getWarnings();
-    result.out = streams.out();
-    result.err = streams.err();
+    Judgement result{runChecker(checker, fileName), {}, {}, 0};
     result.cellZoneConnectivityTypes = checker_access::cellZoneConnectivityTypes(checker);
     result.cellsFromFacesMode = checker_access::cellsFromFacesMode(checker);
     return result;
