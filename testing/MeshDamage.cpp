@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <optional>
 
-#include "testing/call_text.h"
 #include "testing/random_pick.h"
 
 namespace velto::testing {
@@ -16,14 +15,6 @@ namespace velto::testing {
 namespace {
 
 constexpr std::uint64_t kTwoTo32 = std::uint64_t{1} << 32U;
-
-std::string textOf(const std::optional<std::uint64_t>& value) {
-  return value ? base::argumentText(*value) : "nothing";
-}
-
-OrvZoneCategory anyCategory(Random& random) {
-  return random.pick<OrvZoneCategory>({zoneCategoryNode, zoneCategoryFace, zoneCategoryCell});
-}
 
 /// A size that is near another, or on an edge.
 std::uint64_t nudged(std::uint64_t size, Random& random) {
@@ -65,7 +56,7 @@ std::string MeshDamage::recount(OrvZoneCategory category) {
   for (const int id : mesh_.idsOf(category)) {
     total += mesh_.zoneSize(id, zoneElementCount);
   }
-  mesh_.sizes[countOf(category)] = total;
+  mesh_.sizes[base::countOf(category)] = total;
   return "in all " + std::to_string(total);
 }
 
@@ -75,18 +66,18 @@ std::string MeshDamage::dimension() {
   if (random_.chance(85)) {
     size = anyDimension(random_);
   }
-  return "dimension = " + textOf(size);
+  return "dimension = " + valueText(size);
 }
 
 std::string MeshDamage::count() {
-  const OrvMeshSizeType key = countOf(anyCategory(random_));
+  const OrvMeshSizeType key = base::countOf(anyCategory(random_));
   std::optional<std::uint64_t>& size = mesh_.sizes[key];
   const std::uint64_t before = size.value_or(0);
   size.reset();
   if (random_.chance(80)) {
     size = random_.chance(30) ? 0 : nudged(before, random_);
   }
-  return "mesh size " + std::to_string(key) + " = " + textOf(size);
+  return "mesh size " + std::to_string(key) + " = " + valueText(size);
 }
 
 std::string MeshDamage::dimensionOfZone() {
@@ -96,7 +87,7 @@ std::string MeshDamage::dimensionOfZone() {
   if (random_.chance(85)) {
     size = anyDimension(random_);
   }
-  return zoneText(id) + "dimension = " + textOf(size);
+  return zoneText(id) + "dimension = " + valueText(size);
 }
 
 std::string MeshDamage::zoneSize() {
@@ -108,7 +99,7 @@ std::string MeshDamage::zoneSize() {
   if (random_.chance(85)) {
     size = nudged(before, random_);
   }
-  return zoneText(id) + "size " + std::to_string(key) + " = " + textOf(size);
+  return zoneText(id) + "size " + std::to_string(key) + " = " + valueText(size);
 }
 
 std::string MeshDamage::range() {

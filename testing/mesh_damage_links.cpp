@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "testing/MeshDamage.h"
-#include "testing/call_text.h"
 #include "testing/random_pick.h"
 
 namespace velto::testing {
@@ -14,15 +13,6 @@ namespace velto::testing {
 using base::MeshKey;
 using base::MeshTables;
 using base::ZoneRecord;
-
-namespace {
-
-template <class Value>
-std::string textOf(const std::optional<Value>& value) {
-  return value ? base::argumentText(*value) : "nothing";
-}
-
-}  // namespace
 
 std::string MeshDamage::name() {
   const int id = anyZone(mesh_, random_);
@@ -32,7 +22,7 @@ std::string MeshDamage::name() {
   if (random_.chance(75)) {
     text = random_.pick<std::string>({"", "", "", "a b", " ", "x : y [3]", "n\nl"});
   }
-  return zoneText(id) + "text " + std::to_string(key) + " = " + textOf(text);
+  return zoneText(id) + "text " + std::to_string(key) + " = " + valueText(text);
 }
 
 std::string MeshDamage::faceInfo() {
@@ -43,7 +33,7 @@ std::string MeshDamage::faceInfo() {
   if (random_.chance(90)) {
     value = random_.chance(70) ? random_.between(-3, 2) : random_.pick(edgeIds());
   }
-  return zoneText(id) + (isShape ? "face type = " : "zone type = ") + textOf(value);
+  return zoneText(id) + (isShape ? "face type = " : "zone type = ") + valueText(value);
 }
 
 std::string MeshDamage::faceLink() {
@@ -56,7 +46,7 @@ std::string MeshDamage::faceLink() {
   if (random_.chance(90)) {
     value = link;
   }
-  return zoneText(id) + "face info " + std::to_string(key) + " = " + textOf(value);
+  return zoneText(id) + "face info " + std::to_string(key) + " = " + valueText(value);
 }
 
 std::string MeshDamage::cellType() {
@@ -68,7 +58,7 @@ std::string MeshDamage::cellType() {
             : random_.chance(80) ? random_.between(-2, 8)
                                  : random_.pick(edgeIds());
   }
-  return zoneText(id) + "cell type = " + textOf(value);
+  return zoneText(id) + "cell type = " + valueText(value);
 }
 
 std::string MeshDamage::cellLink() {
@@ -79,7 +69,7 @@ std::string MeshDamage::cellLink() {
   if (random_.chance(90)) {
     value = link;
   }
-  return zoneText(id) + "child = " + textOf(value);
+  return zoneText(id) + "child = " + valueText(value);
 }
 
 std::string MeshDamage::relation() {

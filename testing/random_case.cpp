@@ -74,7 +74,7 @@ class SoundMesh {
       fillZone(category, id, first, size);
       first += size;
     }
-    mesh_.sizes[static_cast<std::size_t>(countOf(category))] = first - 1;
+    mesh_.sizes[static_cast<std::size_t>(base::countOf(category))] = first - 1;
     if (random_.chance(25)) {
       random_.shuffle(ids);
     }

@@ -38,6 +38,10 @@ const std::vector<int>& edgeIds() {
   return kIds;
 }
 
+OrvZoneCategory anyCategory(Random& random) {
+  return random.pick<OrvZoneCategory>({zoneCategoryNode, zoneCategoryFace, zoneCategoryCell});
+}
+
 int anyZone(const MeshTables& mesh, OrvZoneCategory category, Random& random) {
   const std::vector<int>& ids = mesh.idsOf(category);
   return ids.empty() ? random.between(1, 9) : random.pick(ids);
@@ -81,12 +85,6 @@ std::string meshText(const MeshKey& key) {
 std::string versionText(const base::FileVersion& version) {
   return std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
          std::to_string(version.patch);
-}
-
-OrvMeshSizeType countOf(OrvZoneCategory category) {
-  return category == zoneCategoryNode   ? meshNodeCount
-         : category == zoneCategoryFace ? meshFaceCount
-                                        : meshCellCount;
 }
 
 }  // namespace velto::testing

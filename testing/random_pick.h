@@ -6,10 +6,12 @@
 #define VELTO_TESTING_RANDOM_PICK_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "embedded/base/CaseTables.h"
+#include "embedded/base/call_text.h"
 #include "testing/Random.h"
 
 namespace velto::testing {
@@ -18,6 +20,8 @@ namespace velto::testing {
 /// ones, and those around 2^31, 2^32, 2^63 and 2^64.
 const std::vector<std::uint64_t>& edgeSizes();
 const std::vector<int>& edgeIds();
+
+OrvZoneCategory anyCategory(Random& random);
 
 /// Any zone of a category, of a mesh that may have none.
 int anyZone(const base::MeshTables& mesh, OrvZoneCategory category, Random& random);
@@ -41,8 +45,11 @@ std::string meshText(const base::MeshKey& key);
 /// "3.4.5".
 std::string versionText(const base::FileVersion& version);
 
-/// The key of the number of elements of a category.
-OrvMeshSizeType countOf(OrvZoneCategory category);
+/// A value that may not be there.
+template <class Value>
+std::string valueText(const std::optional<Value>& value) {
+  return value ? base::argumentText(*value) : "nothing";
+}
 
 }  // namespace velto::testing
 

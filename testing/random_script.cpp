@@ -66,8 +66,7 @@ Event postMessages(Random& random) {
 }
 
 Event changeZoneList(const MeshTables& mesh, Random& random) {
-  const auto category =
-      random.pick<OrvZoneCategory>({zoneCategoryNode, zoneCategoryFace, zoneCategoryCell});
+  const OrvZoneCategory category = anyCategory(random);
   const int extra = anyLink(mesh, category, random);
   const auto how = random.pick<std::size_t>({0, 1, 2, 3, 4, 4, 4});
   const std::vector<std::string> ways = {"cleared", "without its last", "without its first",
@@ -97,15 +96,11 @@ std::optional<std::uint64_t> sizeOrNone(Random& random) {
   return random.chance(20) ? std::nullopt : std::make_optional(random.pick(edgeSizes()));
 }
 
-std::string textOf(const std::optional<std::uint64_t>& size) {
-  return size ? std::to_string(*size) : "nothing";
-}
-
 Event changeMeshSize(Random& random) {
   const auto key =
       random.pick<std::size_t>({meshDimension, meshNodeCount, meshFaceCount, meshCellCount});
   const std::optional<std::uint64_t> size = sizeOrNone(random);
-  return {"has mesh size " + std::to_string(key) + " = " + textOf(size),
+  return {"has mesh size " + std::to_string(key) + " = " + valueText(size),
           [key, size](CaseCore& core) {
             if (MeshTables* changed = selectedMesh(core)) {
               changed->sizes[key] = size;
@@ -120,7 +115,7 @@ Event changeZone(const MeshTables& mesh, Random& random) {
   const std::size_t infoKey = random.below(6);
   const int info = anyLink(mesh, zoneCategoryFace, random);
   return {"has zone " + std::to_string(id) + " size " + std::to_string(sizeKey) + " = " +
-              textOf(size) + ", face info " + std::to_string(infoKey) + " = " +
+              valueText(size) + ", face info " + std::to_string(infoKey) + " = " +
               std::to_string(info) + " and another name",
           [=](CaseCore& core) {
             MeshTables* changed = selectedMesh(core);

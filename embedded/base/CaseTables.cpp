@@ -15,6 +15,17 @@ FileVersion ownVersion() {
           static_cast<int>(OrvVersion::getPatch())};
 }
 
+OrvMeshSizeType countOf(OrvZoneCategory category) {
+  switch (category) {
+    case zoneCategoryNode:
+      return meshNodeCount;
+    case zoneCategoryFace:
+      return meshFaceCount;
+    default:
+      return meshCellCount;
+  }
+}
+
 const std::vector<int>& MeshTables::idsOf(OrvZoneCategory category) const {
   static const std::vector<int> kNone;
   const auto found = zoneIds.find(category);

@@ -37,6 +37,9 @@ struct MeshKey {
   }
 };
 
+/// The size of a mesh that counts the elements of a category.
+OrvMeshSizeType countOf(OrvZoneCategory category);
+
 /// What the tables hold of one zone. A value that was never set is not there, so that a query for
 /// it leaves its output alone.
 struct ZoneRecord {

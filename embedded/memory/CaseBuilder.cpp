@@ -83,8 +83,9 @@ CaseBuilder& CaseBuilder::setting(const std::string& key, const std::string& val
   return *this;
 }
 
-ZoneRecord& CaseBuilder::addZone(OrvZoneCategory category, OrvMeshSizeType total, int zone,
-                                 const std::string& name, std::uint64_t count) {
+ZoneRecord& CaseBuilder::addZone(OrvZoneCategory category, int zone, const std::string& name,
+                                 std::uint64_t count) {
+  const OrvMeshSizeType total = base::countOf(category);
   base::MeshTables& mesh = tables();
   mesh.zoneIds[category].push_back(zone);
   ZoneRecord& record = mesh.zones[zone];
@@ -100,7 +101,7 @@ ZoneRecord& CaseBuilder::addZone(OrvZoneCategory category, OrvMeshSizeType total
 
 CaseBuilder& CaseBuilder::nodes(int zone, const std::string& name,
                                 const std::vector<std::vector<double>>& coordinates) {
-  addZone(zoneCategoryNode, meshNodeCount, zone, name, coordinates.size());
+  addZone(zoneCategoryNode, zone, name, coordinates.size());
   std::vector<double> values;
   for (const auto& node : coordinates) {
     values.insert(values.end(), node.begin(), node.end());
@@ -111,7 +112,7 @@ CaseBuilder& CaseBuilder::nodes(int zone, const std::string& name,
 
 CaseBuilder& CaseBuilder::faces(int zone, const std::string& name, int type,
                                 const std::vector<FaceLine>& lines) {
-  ZoneRecord& record = addZone(zoneCategoryFace, meshFaceCount, zone, name, lines.size());
+  ZoneRecord& record = addZone(zoneCategoryFace, zone, name, lines.size());
   std::vector<Ids> nodes;
   std::vector<int> shapes;
   Ids cell0;
@@ -134,14 +135,14 @@ CaseBuilder& CaseBuilder::faces(int zone, const std::string& name, int type,
 }
 
 CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, int shape, std::uint64_t count) {
-  ZoneRecord& record = addZone(zoneCategoryCell, meshCellCount, zone, name, count);
+  ZoneRecord& record = addZone(zoneCategoryCell, zone, name, count);
   record.cellInfo[cellZoneCellType] = shape;
   arrays().cellTypes[zone].uniform = shape;
   return *this;
 }
 
 CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, const std::vector<int>& shapes) {
-  ZoneRecord& record = addZone(zoneCategoryCell, meshCellCount, zone, name, shapes.size());
+  ZoneRecord& record = addZone(zoneCategoryCell, zone, name, shapes.size());
   record.cellInfo[cellZoneCellType] = commonShape(shapes);
   arrays().cellTypes[zone].types = Slice<int>(shapes);
   return *this;

@@ -81,8 +81,8 @@ class CaseBuilder {
   MeshData& arrays() { return case_.arrays(key_); }
 
   /// Adds a zone behind the zones of its category; its elements follow theirs.
-  base::ZoneRecord& addZone(OrvZoneCategory category, OrvMeshSizeType total, int zone,
-                            const std::string& name, std::uint64_t count);
+  base::ZoneRecord& addZone(OrvZoneCategory category, int zone, const std::string& name,
+                            std::uint64_t count);
 
   static void relate(base::MeshTables& mesh, const MeshData& data);
 

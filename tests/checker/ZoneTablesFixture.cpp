@@ -12,9 +12,7 @@ cases::CasePtr withZones(OrvZoneCategory category, std::uint64_t nmax,
                          const std::vector<Zone>& zones) {
   cases::CasePtr made = cases::oneHex();
   base::MeshTables& mesh = made->mesh();
-  mesh.sizes[category == zoneCategoryNode   ? meshNodeCount
-             : category == zoneCategoryFace ? meshFaceCount
-                                            : meshCellCount] = nmax;
+  mesh.sizes[static_cast<std::size_t>(base::countOf(category))] = nmax;
   mesh.zoneIds[category].clear();
   for (const Zone& zone : zones) {
     mesh.zoneIds[category].push_back(zone.id);

@@ -13,6 +13,8 @@
 
 namespace velto::testing {
 
+constexpr std::uint64_t kTwoTo32 = std::uint64_t{1} << 32U;
+
 /// A zone as a table has it.
 struct Zone {
   int id;

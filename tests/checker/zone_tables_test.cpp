@@ -12,8 +12,6 @@
 namespace velto::testing {
 namespace {
 
-constexpr std::uint64_t kTwoTo32 = std::uint64_t{1} << 32U;
-
 using ZoneTables = ZoneTablesFixture;
 
 // --- Face zones ---------------------------------------------------------------------------------
