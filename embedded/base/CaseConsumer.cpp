@@ -203,7 +203,11 @@ void CaseConsumer::endCellNodes() {}
 
 void CaseConsumer::beginCellPartitions(const std::vector<int>& zoneIds, int partitionInfo) {
   begin(Family::cellPartitions, zoneIds);
-  onSink("cell partitions", [&](MeshArraySink& sink) { sink.setPartitionInfo(partitionInfo); });
+  onSink("cell partitions", [&](MeshArraySink& sink) {
+    for (const int zone : zoneIds) {
+      sink.setPartitionInfo(zone, partitionInfo);
+    }
+  });
 }
 
 void CaseConsumer::writeCellPartitions(int zoneId, const int* partitions, std::size_t n) {

@@ -176,7 +176,7 @@ void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
         values.size = view.size;
         return;
       }
-      values.buffer.assign(source->idCount(family, zone), 0);
+      values.buffer.assign(source->valueCount(family, zone), 0);
       values.size = source->readIds(family, zone, values.buffer.data(), values.buffer.size());
       values.data = values.buffer.data();
     });

@@ -58,8 +58,12 @@ class MeshArrays {
   /// empty view means that they have to be read.
   virtual IdView viewIds(Family, int /*zone*/) { return {}; }
 
-  /// Number of values that can be read for a zone of face cells, shadows or cell types.
-  virtual std::size_t idCount(Family family, int zone) = 0;
+  /// Number of values that can be read for a zone: coordinates, ids, types or partitions. None of
+  /// cell types that are uniform.
+  virtual std::size_t valueCount(Family family, int zone) = 0;
+
+  /// Number of counts that can be read for a zone of a counted family; none if they are uniform.
+  virtual std::size_t countCount(Family family, int zone) = 0;
 
   virtual std::size_t readCoordinates(int zone, double* values, std::size_t n) = 0;
 
@@ -73,6 +77,7 @@ class MeshArrays {
   /// Field data: names in order, the zones of a variable with its values per element, the values.
   virtual std::vector<std::string> variableNames(short phase, OrvZoneCategory category) = 0;
   virtual std::size_t variableZones(const VariableKey& key, std::vector<int>& zones) = 0;
+  virtual std::size_t variableValueCount(const VariableKey& key, int zone) = 0;
   virtual std::size_t readVariable(const VariableKey& key, int zone, double* values,
                                    std::size_t n) = 0;
 };
@@ -97,9 +102,12 @@ class MeshArraySink {
   virtual void writeCoordinates(int zone, const double* values, std::size_t n) = 0;
   virtual void writeUniformCellType(int zone, int type) = 0;
   virtual void writeCellTypes(int zone, const int* types, std::size_t n) = 0;
-  virtual void setPartitionInfo(int info) = 0;
+  virtual void setPartitionInfo(int zone, int info) = 0;
   virtual void writeCellPartitions(int zone, const int* partitions, std::size_t n) = 0;
   virtual void writeElemIds(int zone, const std::size_t* ids, std::size_t n) = 0;
+
+  /// The other half of the face tree, whose parent zones come with begin().
+  virtual void setTreeChildZones(const std::vector<int>& zones) = 0;
 
   virtual void declareVariables(short phase, OrvZoneCategory category,
                                 const std::vector<std::string>& names) = 0;

@@ -160,7 +160,7 @@ void CaseProvider::beginCellTypes(std::vector<int>& zoneIds) {
         values.uniform = type;
         return;
       }
-      values.buffer.assign(source->idCount(Family::cellTypes, zone), 0);
+      values.buffer.assign(source->valueCount(Family::cellTypes, zone), 0);
       values.size = source->readCellTypes(zone, values.buffer.data(), values.buffer.size());
       values.data = values.buffer.data();
     });

@@ -10,15 +10,13 @@
 
 #include "embedded/base/CaseConsumer.h"
 #include "embedded/memory/Case.h"
+#include "embedded/memory/MeshDataSink.h"
 
 namespace velto::memory {
 
 /// Takes a case into memory; file names, compression and mode mean nothing to it.
 class MemoryConsumer : public base::CaseConsumer {
  public:
-  MemoryConsumer();
-  ~MemoryConsumer() override;
-
   /// What was written so far, ready for a MemoryProvider. Later writes do not change it.
   std::shared_ptr<Case> takeCase() const;
 
@@ -28,8 +26,7 @@ class MemoryConsumer : public base::CaseConsumer {
   void finish(OrvDataClass dataClass) override;
 
  private:
-  class Sink;
-  std::map<base::MeshKey, std::unique_ptr<Sink>> sinks_;
+  std::map<base::MeshKey, MeshDataSink> sinks_;
 };
 
 }  // namespace velto::memory

@@ -74,13 +74,26 @@ class MemoryArrays : public base::MeshArrays {
     return found == nullptr ? IdView{} : IdView{found->data(), found->size()};
   }
 
-  std::size_t idCount(Family family, int zone) override {
-    if (family == Family::cellTypes) {
-      const CellTypeData* found = data_.cellTypes.find(zone);
-      return found == nullptr ? 0 : found->types.size();
+  std::size_t valueCount(Family family, int zone) override {
+    switch (family) {
+      case Family::nodeCoordinates:
+        return sizeOf(data_.nodeCoordinates.find(zone));
+      case Family::cellTypes: {
+        const CellTypeData* found = data_.cellTypes.find(zone);
+        return found == nullptr || found->uniform ? 0 : found->types.size();
+      }
+      case Family::cellPartitions: {
+        const CellPartitionData* found = data_.cellPartitions.find(zone);
+        return found == nullptr ? 0 : found->partitions.size();
+      }
+      default:
+        return sizeOf(idsOf(family, zone));
     }
-    const Slice<std::uint64_t>* found = idsOf(family, zone);
-    return found == nullptr ? 0 : found->size();
+  }
+
+  std::size_t countCount(Family family, int zone) override {
+    const CountedData* found = data_.counted(family).find(zone);
+    return found == nullptr || found->uniform ? 0 : found->counts.size();
   }
 
   std::size_t readCoordinates(int zone, double* values, std::size_t n) override {
@@ -139,14 +152,27 @@ class MemoryArrays : public base::MeshArrays {
     return found->valuesPerEntity;
   }
 
+  std::size_t variableValueCount(const VariableKey& key, int zone) override {
+    return sizeOf(valuesOf(key, zone));
+  }
+
   std::size_t readVariable(const VariableKey& key, int zone, double* values,
                            std::size_t n) override {
-    const VariableData* found = data_.findVariable(key);
-    const Slice<double>* held = found == nullptr ? nullptr : found->zones.find(zone);
+    const Slice<double>* held = valuesOf(key, zone);
     return held == nullptr ? 0 : held->copyTo(values, n);
   }
 
  private:
+  template <class Value>
+  static std::size_t sizeOf(const Slice<Value>* found) {
+    return found == nullptr ? 0 : found->size();
+  }
+
+  const Slice<double>* valuesOf(const VariableKey& key, int zone) const {
+    const VariableData* found = data_.findVariable(key);
+    return found == nullptr ? nullptr : found->zones.find(zone);
+  }
+
   const Slice<std::uint64_t>* idsOf(Family family, int zone) const {
     switch (family) {
       case Family::faceNodes:
