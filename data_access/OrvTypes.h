@@ -103,6 +103,7 @@ enum OrvZoneStringInfoType : int {
 enum OrvFileFormatType : int {
   fileFormatMemory = 0,    ///< A case in memory; nothing reaches the disk.
   fileFormatOpenFoam = 1,  ///< An OpenFOAM polyMesh folder.
+  fileFormatStore = 2,     ///< The case store: a file for the case and one for its results.
 };
 
 }  // namespace velto

@@ -7,6 +7,8 @@
 #include "data_access/OrvFactory.h"
 
 #include "embedded/memory/MemoryConsumer.h"
+#include "embedded/store/StoreConsumer.h"
+#include "embedded/store/StoreProvider.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
 
@@ -28,6 +30,9 @@ const std::vector<Format>& formats() {
       {fileFormatOpenFoam, "openfoam", "OpenFOAM polyMesh",
        "a folder constant/polyMesh, a file in it, or a case folder", "mesh, zones, partitions", "",
        openfoam::holdsMesh, make<openfoam::OpenFoamProvider, OrvFileProvider>, nullptr},
+      {fileFormatStore, "store", "the case store of this library, on HDF5",
+       ".orv for a case, .orvr for results", "everything", "everything", store::isStore,
+       make<store::StoreProvider, OrvFileProvider>, make<store::StoreConsumer, OrvFileConsumer>},
       {fileFormatMemory, "memory", "a case in memory, for programs", "none", "", "everything",
        nullptr, nullptr, make<memory::MemoryConsumer, OrvFileConsumer>},
   };

@@ -11,7 +11,9 @@ namespace velto::base {
 
 void CaseConsumer::onSink(const std::string& what,
                           const std::function<void(MeshArraySink&)>& operation) {
-  guarded(*this, what, [&] { operation(sink(coreOf(*this).selection)); });
+  if (!failed_) {
+    failed_ = !guarded(*this, what, [&] { operation(sink(coreOf(*this).selection)); });
+  }
 }
 
 // --- Files, brackets, settings -------------------------------------------------------------------
@@ -37,7 +39,7 @@ void CaseConsumer::setMode(int) {}
 void CaseConsumer::setCompression(unsigned int level) { compression_ = level; }
 
 void CaseConsumer::startWriting(OrvDataClass dataClass) {
-  guarded(*this, "start of writing", [&] { open(dataClass); });
+  failed_ = !guarded(*this, "start of writing", [&] { open(dataClass); });
 }
 
 void CaseConsumer::endWriting(OrvDataClass dataClass) {
@@ -47,7 +49,12 @@ void CaseConsumer::endWriting(OrvDataClass dataClass) {
       deriveBoundingFaceZones(mesh.second);
     }
   }
-  guarded(*this, "end of writing", [&] { finish(dataClass); });
+  if (!failed_ && guarded(*this, "end of writing", [&] { finish(dataClass); })) {
+    return;
+  }
+  coreOf(*this).messages.addError("end of writing: nothing was written because of the error before");
+  failed_ = false;
+  abandon();
 }
 
 void CaseConsumer::writeSettings(const std::vector<std::pair<std::string, std::string>>& entries,

@@ -28,6 +28,8 @@ namespace velto::base {
 /// carries that relation).
 ///
 /// Border of the two error worlds: what a subclass or a sink throws becomes a pending error here.
+/// After the first one nothing more is written until the next startWriting: endWriting abandons what
+/// was begun, with an error that says so.
 class CaseConsumer : public OrvFileConsumer {
  public:
   void setFileName(const std::string& path, OrvDataClass dataClass) override;
@@ -115,6 +117,9 @@ class CaseConsumer : public OrvFileConsumer {
   virtual void open(OrvDataClass dataClass) = 0;
   virtual void finish(OrvDataClass dataClass) = 0;
 
+  /// Writing failed; what was begun is dropped.
+  virtual void abandon() {}
+
   /// The file that setFileName gave for a class, and the compression that was asked for.
   const std::string& fileName(OrvDataClass dataClass) { return fileNames_[dataClass]; }
   unsigned int compression() const { return compression_; }
@@ -130,6 +135,7 @@ class CaseConsumer : public OrvFileConsumer {
 
   std::map<OrvDataClass, std::string> fileNames_;
   unsigned int compression_ = 0;
+  bool failed_ = false;       // something of what is being written got lost
   CellZoneRanges cellZones_;  // of the mesh whose face cells are being written
   VariableKey variable_;      // the phase, and the variable, that are open
 };

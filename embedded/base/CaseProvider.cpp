@@ -23,7 +23,9 @@ bool CaseProvider::startReading(const std::string& fileName, OrvDataClass dataCl
   } catch (const std::exception& error) {
     messages.addError(error.what());
   }
-  serve({}, {});
+  if (dataClass == dataClassCase) {
+    serve({}, {});
+  }
   return false;
 }
 
@@ -32,8 +34,23 @@ void CaseProvider::serve(CaseTables tables, ArraysByMesh arrays) {
   core.tables = std::move(tables);
   core.selection = core.tables.meshes.empty() ? MeshKey{} : core.tables.meshes.begin()->first;
   arrays_ = std::move(arrays);
+  resultArrays_.clear();
   elementIds_.close();
   elementTypes_.close();
+}
+
+void CaseProvider::serveResults(CaseTables tables, ArraysByMesh arrays) {
+  CaseTables& served = coreOf(*this).tables;
+  if (served.meshes.empty()) {
+    serve(std::move(tables), std::move(arrays));
+    return;
+  }
+  served.phases = std::move(tables.phases);
+  served.variables = std::move(tables.variables);
+  for (auto& store : tables.settings) {
+    served.settings[store.first] = std::move(store.second);
+  }
+  resultArrays_ = std::move(arrays);
 }
 
 void CaseProvider::setFileName(const std::string&, OrvDataClass) {}
@@ -103,9 +120,19 @@ void CaseProvider::getPartitionIds(std::vector<int>& ids, int meshId, OrvDataCla
 
 // --- Shared steps of the families ---------------------------------------------------------------
 
-MeshArrays* CaseProvider::arrays() {
-  const auto found = arrays_.find(coreOf(*this).selection);
-  return found == arrays_.end() ? nullptr : found->second.get();
+namespace {
+
+MeshArrays* find(const CaseProvider::ArraysByMesh& arrays, const MeshKey& key) {
+  const auto found = arrays.find(key);
+  return found == arrays.end() ? nullptr : found->second.get();
+}
+
+}  // namespace
+
+MeshArrays* CaseProvider::arrays() { return find(arrays_, coreOf(*this).selection); }
+
+MeshArrays* CaseProvider::resultArrays() {
+  return resultArrays_.empty() ? arrays() : find(resultArrays_, coreOf(*this).selection);
 }
 
 void CaseProvider::listZones(Family family, std::vector<int>& zoneIds) {

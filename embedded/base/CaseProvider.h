@@ -116,15 +116,21 @@ class CaseProvider : public OrvFileProvider {
  protected:
   CaseProvider() = default;
 
-  /// Opens the file and calls serve() with what it holds. Throws CaseError if it cannot be read.
+  /// Opens the file and calls serve() or serveResults() with what it holds. Throws CaseError if it
+  /// cannot be read.
   virtual void open(const std::string& fileName, OrvDataClass dataClass) = 0;
 
   /// Takes over a case. The first mesh, target and partition are selected.
   void serve(CaseTables tables, ArraysByMesh arrays);
 
+  /// Adds phases, variables and their values to the case that is served, or serves them alone if
+  /// there is none.
+  void serveResults(CaseTables tables, ArraysByMesh arrays);
+
  private:
-  /// The arrays of the selected mesh, or null.
+  /// The arrays of the selected mesh, or null; and those that hold its field data.
   MeshArrays* arrays();
+  MeshArrays* resultArrays();
 
   void listZones(Family family, std::vector<int>& zoneIds);
   bool uniformCount(Family family, int zoneId, short& count);
@@ -136,6 +142,7 @@ class CaseProvider : public OrvFileProvider {
   void openElements(Family family, std::vector<int>& zoneIds);
 
   ArraysByMesh arrays_;
+  ArraysByMesh resultArrays_;  // of a results file; empty if the case holds its own
   ElementReader<std::uint64_t> elementIds_;  // face cells and shadows, whichever family is open
   ElementReader<int> elementTypes_;
   VariableKey variable_;  // the phase, and the variable, that are open

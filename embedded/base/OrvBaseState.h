@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <memory>
+#include <new>
 #include <string>
 
 #include "data_access/OrvBase.h"
@@ -67,14 +68,18 @@ namespace base {
 inline CaseCore& coreOf(const OrvBase& object) { return *OrvBase::State::of(object).core; }
 
 /// Runs an operation at the border of a provider or consumer: what it throws becomes a pending
-/// error that names `what`.
+/// error that names `what`. False if it threw.
 template <class Operation>
-void guarded(const OrvBase& object, const std::string& what, const Operation& operation) {
+bool guarded(const OrvBase& object, const std::string& what, const Operation& operation) {
   try {
     operation();
+    return true;
+  } catch (const std::bad_alloc&) {
+    coreOf(object).messages.addError(what + ": not enough memory");
   } catch (const std::exception& error) {
     coreOf(object).messages.addError(what + ": " + error.what());
   }
+  return false;
 }
 
 /// Tells the observer, if there is one, of a call with its input arguments. Costs nothing else.

@@ -287,7 +287,7 @@ bool CaseProvider::getVariableDescription(int variableId, std::string& text) {
 void CaseProvider::getVariableNames(OrvZoneCategory category, std::vector<std::string>& names) {
   names.clear();
   guarded(*this, "variable names", [&] {
-    if (MeshArrays* source = arrays()) {
+    if (MeshArrays* source = resultArrays()) {
       names = source->variableNames(variable_.phase, category);
     }
   });
@@ -300,7 +300,7 @@ std::size_t CaseProvider::beginVariable(OrvZoneCategory category, const std::str
   zoneIds.clear();
   std::size_t valuesPerEntity = 0;
   guarded(*this, "variable " + name, [&] {
-    if (MeshArrays* source = arrays()) {
+    if (MeshArrays* source = resultArrays()) {
       valuesPerEntity = source->variableZones(variable_, zoneIds);
     }
   });
@@ -310,7 +310,7 @@ std::size_t CaseProvider::beginVariable(OrvZoneCategory category, const std::str
 std::size_t CaseProvider::readVariable(int zoneId, double* values, std::size_t n) {
   std::size_t delivered = 0;
   guarded(*this, "variable " + variable_.name + " of zone " + std::to_string(zoneId), [&] {
-    if (MeshArrays* source = arrays()) {
+    if (MeshArrays* source = resultArrays()) {
       delivered = source->readVariable(variable_, zoneId, values, n);
     }
   });

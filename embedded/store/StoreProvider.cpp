@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// StoreProvider: the seal first, then HDF5, then tables and arrays mesh by mesh.
+
+#include "embedded/store/StoreProvider.h"
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "embedded/base/CaseError.h"
+#include "embedded/store/StoreArrays.h"
+#include "embedded/store/case_tables.h"
+#include "embedded/store/seal.h"
+
+namespace velto::store {
+
+using base::CaseError;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// How every HDF5 file begins.
+constexpr std::array<unsigned char, 8> kSignature = {0x89, 'H', 'D', 'F', '\r', '\n', 0x1a, '\n'};
+
+bool isHdf5(const RawFile& raw) {
+  std::array<unsigned char, 8> begin{};
+  if (raw.size() < begin.size()) {
+    return false;
+  }
+  raw.read(0, begin.data(), begin.size());
+  return begin == kSignature;
+}
+
+/// Looks at the format's name in the file itself.
+bool hasFormat(const std::string& file, const RawFile& raw) {
+  if (!isHdf5(raw) || examineSeal(raw) == SealState::broken) {
+    return false;
+  }
+  return Hdf5File::open(file, raw.size()).root().text("format") == layout::kFormat;
+}
+
+struct OpenedStore {
+  base::CaseTables tables;
+  base::CaseProvider::ArraysByMesh arrays;
+};
+
+void openMesh(const Group& group, OrvDataClass dataClass, const std::shared_ptr<OpenFile>& file,
+              OpenedStore& opened) {
+  const base::MeshKey key = readMeshKey(group);
+  const TextReader texts(group);
+  base::MeshTables tables = readMeshTables(group, texts);
+  auto arrays = std::make_shared<StoreArrays>(group, texts, file);
+  if (dataClass == dataClassCase) {
+    arrays->requireJustified(tables);
+  }
+  if (!opened.tables.meshes.emplace(key, std::move(tables)).second) {
+    throw CaseError(group.where() + ": another mesh has the same id, target and partition");
+  }
+  opened.arrays[key] = std::move(arrays);
+}
+
+OpenedStore openStore(const std::string& name, OrvDataClass dataClass) {
+  const auto file = std::make_shared<OpenFile>(name);
+  if (!isHdf5(file->raw)) {
+    throw CaseError(name + ": is no HDF5 file");
+  }
+  if (examineSeal(file->raw) == SealState::broken) {
+    throw CaseError(name + ": the structure of the file was changed after it was written, the " +
+                    "file is damaged");
+  }
+  const Hdf5File hdf5 = Hdf5File::open(name, file->raw.size());
+  const Group root = hdf5.root();
+  OpenedStore opened;
+  readHeader(root, dataClass, opened.tables);
+  readSettings(root, dataClass, opened.tables);
+  if (dataClass == dataClassResults) {
+    readResultTables(root, opened.tables);
+  } else {
+    opened.tables.locationModel = readLocationModel(root);
+  }
+  if (root.has("meshes")) {
+    const Group meshes = root.openGroup("meshes");
+    for (int i = 0; meshes.has(std::to_string(i)); ++i) {
+      openMesh(meshes.openGroup(std::to_string(i)), dataClass, file, opened);
+    }
+  }
+  return opened;
+}
+
+}  // namespace
+
+bool isStore(const std::string& file) {
+  std::error_code failed;
+  if (!fs::is_regular_file(file, failed)) {
+    return false;
+  }
+  const std::string ending = fs::path(file).extension().string();
+  if (ending == ".orv" || ending == ".orvr") {
+    return true;
+  }
+  try {
+    return hasFormat(file, RawFile(file, RawFile::Mode::read, file));
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+void StoreProvider::open(const std::string& fileName, OrvDataClass dataClass) {
+  OpenedStore opened = openStore(fileName, dataClass);
+  if (dataClass == dataClassResults) {
+    serveResults(std::move(opened.tables), std::move(opened.arrays));
+  } else {
+    serve(std::move(opened.tables), std::move(opened.arrays));
+  }
+}
+
+}  // namespace velto::store

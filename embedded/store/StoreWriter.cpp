@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// StoreWriter: first the arrays, then the tables, then the seal, then the name.
+
+#include "embedded/store/StoreWriter.h"
+
+#include <atomic>
+#include <filesystem>
+#include <limits>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+#include "embedded/base/CaseError.h"
+#include "embedded/store/case_tables.h"
+#include "embedded/store/seal.h"
+
+namespace velto::store {
+
+using base::CaseError;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A name beside the final one that no file has. Two writers of one process never get the same.
+std::string temporaryName(const std::string& file) {
+  static std::atomic<unsigned> counter{0};
+  std::string name;
+  std::error_code ignored;
+  do {
+    name = file + ".part-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
+  } while (fs::exists(name, ignored));
+  return name;
+}
+
+/// Free bytes on the disk of a file; without end if that cannot be told.
+std::uint64_t roomBeside(const std::string& file) {
+  std::error_code failed;
+  const fs::path folder = fs::path(file).parent_path();
+  const fs::space_info space = fs::space(folder.empty() ? fs::path(".") : folder, failed);
+  return failed ? std::numeric_limits<std::uint64_t>::max() : space.available;
+}
+
+}  // namespace
+
+StoreWriter::StoreWriter(std::string file, OrvDataClass dataClass, unsigned compression,
+                         const base::CaseTables& tables)
+    : file_(std::move(file)), dataClass_(dataClass), tables_(tables) {
+  if (file_.empty()) {
+    throw CaseError("no file name was given for what is to be written");
+  }
+  std::error_code ignored;
+  if (fs::is_directory(file_, ignored)) {
+    throw CaseError(file_ + ": is a folder");
+  }
+  settings_.compression = compression;
+  settings_.room = roomBeside(file_);
+  temporary_ = temporaryName(file_);
+  hdf5_ = Hdf5File::create(temporary_, file_);
+}
+
+StoreWriter::~StoreWriter() {
+  sinks_.clear();
+  hdf5_.reset();
+  if (!temporary_.empty()) {
+    std::error_code ignored;
+    fs::remove(temporary_, ignored);
+  }
+}
+
+StoreSink& StoreWriter::sinkOf(const base::MeshKey& key) {
+  std::unique_ptr<StoreSink>& held = sinks_[key];
+  if (held == nullptr) {
+    Group root = hdf5_->root();
+    Group meshes = root.has("meshes") ? root.openGroup("meshes") : root.makeGroup("meshes");
+    held = std::make_unique<StoreSink>(meshes.makeGroup(std::to_string(sinks_.size() - 1)), key,
+                                       tables_, settings_);
+  }
+  return *held;
+}
+
+base::MeshArraySink& StoreWriter::sink(const base::MeshKey& key) {
+  StoreSink& wanted = sinkOf(key);
+  if (current_ != nullptr && current_ != &wanted) {
+    current_->closeArrays();
+  }
+  current_ = &wanted;
+  return wanted;
+}
+
+std::vector<FileRange> StoreWriter::writeTables() {
+  for (const auto& mesh : tables_.meshes) {
+    sinkOf(mesh.first);
+  }
+  std::vector<FileRange> values;
+  for (auto& sink : sinks_) {
+    const std::vector<FileRange>& ranges = sink.second->finish();
+    values.insert(values.end(), ranges.begin(), ranges.end());
+  }
+  Group root = hdf5_->root();
+  writeHeader(root, tables_, dataClass_);
+  writeSettings(root, tables_, dataClass_);
+  if (dataClass_ == dataClassResults) {
+    writeResultTables(root, tables_);
+  } else {
+    writeLocationModel(root, tables_.locationModel.get());
+  }
+  return values;
+}
+
+void StoreWriter::finish() {
+  const std::vector<FileRange> values = writeTables();
+  sinks_.clear();
+  current_ = nullptr;
+  hdf5_->close();
+  RawFile raw(temporary_, RawFile::Mode::readAndWrite, file_);
+  writeSeal(raw, values);
+  raw.sync();
+  renameDurably(temporary_, file_);
+  temporary_.clear();
+}
+
+}  // namespace velto::store
