@@ -55,6 +55,7 @@ struct MeshSummary {
 
 struct CaseSummary {
   std::string file;
+  std::string results;  ///< The file that the field data come from; "" if the case holds its own.
   std::string solverType;
   int major = 0;
   int minor = 0;

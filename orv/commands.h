@@ -5,6 +5,7 @@
 #ifndef VELTO_ORV_COMMANDS_H
 #define VELTO_ORV_COMMANDS_H
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -39,9 +40,20 @@ struct FormatsOptions {
   bool json = false;
 };
 
+struct SampleOptions {
+  std::vector<std::string> words;  ///< A sample and a file, or with a defect the file alone.
+  std::string defect;
+  std::uint64_t cells = 0;  ///< 0 for as many as the sample usually has.
+  unsigned compression = 0;
+  bool force = false;
+  bool list = false;
+  bool json = false;
+};
+
 int runCheck(const CheckOptions& options);
 int runInfo(const InfoOptions& options);
 int runFormats(const FormatsOptions& options);
+int runSample(const SampleOptions& options);
 
 }  // namespace velto::orv
 

@@ -137,6 +137,9 @@ void printText(const CaseSummary& summary) {
                            summary.file, summary.major, summary.minor, summary.patch,
                            summary.solverType.empty() ? "not set" : summary.solverType,
                            summary.hasLocationModel ? "with a" : "no");
+  if (!summary.results.empty()) {
+    std::cout << fmt::format("  results in {}\n", summary.results);
+  }
   for (const MeshSummary& mesh : summary.meshes) {
     std::cout << fmt::format(
         "\nmesh {}, {}{}: {}-D, {} nodes, {} faces, {} cells{}\n", mesh.mesh,
@@ -210,17 +213,20 @@ nlohmann::ordered_json caseJson(const CaseSummary& summary) {
           {"version", fmt::format("{}.{}.{}", summary.major, summary.minor, summary.patch)},
           {"solverType", summary.solverType},
           {"locationModel", summary.hasLocationModel},
+          {"results", summary.results},
           {"meshes", meshes},
           {"phases", summary.phases},
           {"settings", settings}};
 }
 
-/// Prints the waiting messages on standard error, without their prefixes.
+/// Prints the waiting messages on standard error, without their prefixes, each behind the name of
+/// the file.
 void printMessages(OrvFileProvider& provider, const std::string& file) {
   const auto print = [&file](const char* kind, const std::string& text) {
     const std::size_t tab = text.find("\n\t");
-    std::cerr << kind << ": " << file << ": "
-              << (tab == std::string::npos ? text : text.substr(tab + 2)) << std::endl;
+    const std::string words = tab == std::string::npos ? text : text.substr(tab + 2);
+    const bool namesFile = words.compare(0, file.size() + 1, file + ":") == 0;
+    std::cerr << kind << ": " << (namesFile ? "" : file + ": ") << words << std::endl;
   };
   for (const std::string& text : provider.getWarnings(true, true)) {
     print("Warning", text);
@@ -228,6 +234,12 @@ void printMessages(OrvFileProvider& provider, const std::string& file) {
   for (const std::string& text : provider.getErrors(true, true)) {
     print("Error", text);
   }
+}
+
+/// The results that lie beside a case file, under its name with an "r" behind it; "" for none.
+std::string resultsBeside(const std::string& file) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(file + "r", ignored) ? file + "r" : "";
 }
 
 /// The open case, or null after saying why not.
@@ -248,6 +260,16 @@ ProviderOwner openCase(const std::string& file) {
   return opened ? std::move(provider) : nullptr;
 }
 
+/// Opens the results beside a case, if there are any; false after saying why they cannot be read.
+bool openResults(const std::string& file, OrvFileProvider& provider) {
+  if (file.empty()) {
+    return true;
+  }
+  const bool opened = provider.startReading(file, dataClassResults);
+  printMessages(provider, file);
+  return opened;
+}
+
 }  // namespace
 
 int runInfo(const InfoOptions& options) {
@@ -260,7 +282,12 @@ int runInfo(const InfoOptions& options) {
       status = exitNotDone;
       continue;
     }
-    const CaseSummary summary = summarise(file, *provider);
+    const std::string results = resultsBeside(file);
+    if (!openResults(results, *provider)) {
+      status = exitNotDone;
+    }
+    CaseSummary summary = summarise(file, *provider);
+    summary.results = results;
     printMessages(*provider, file);
     if (options.json) {
       files.push_back(caseJson(summary));

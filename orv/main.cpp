@@ -3,8 +3,10 @@
 // orv: the command line.
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <exception>
 #include <iostream>
+#include <string>
 
 #include "orv/commands.h"
 
@@ -15,6 +17,8 @@ using namespace velto::orv;
 const char* const kFooter =
     "Results go to standard output, messages to standard error.\n"
     "Exit status: 0 sound or done, 1 the case has errors, 2 the command could not be carried out.";
+
+constexpr std::uint64_t kMostCells = 1000000000000;
 
 void addCheck(CLI::App& app, CheckOptions& options) {
   CLI::App* check = app.add_subcommand("check", "Say whether case files are sound");
@@ -73,6 +77,31 @@ void addFormats(CLI::App& app, FormatsOptions& options) {
   formats->footer("Example:\n  orv formats\n\n" + std::string(kFooter));
 }
 
+void addSample(CLI::App& app, SampleOptions& options) {
+  CLI::App* sample = app.add_subcommand("sample", "Write a sample case, sound or damaged");
+  sample->add_option("NAME FILE", options.words, "Which sample, and the case file to write")
+      ->expected(1, 2);
+  sample->add_option("-d,--defect", options.defect,
+                     "Write a sample with this defect; only FILE is given then");
+  sample->add_option("-n,--cells", options.cells, "About how many cells (default: as in --list)")
+      ->check(CLI::Range(std::uint64_t{1}, kMostCells));
+  sample->add_option("-c,--compression", options.compression, "0 none, 1 fast, 9 small")
+      ->check(CLI::Range(0U, 9U))
+      ->capture_default_str();
+  sample->add_flag("-f,--force", options.force, "Overwrite files that are there");
+  CLI::Option* list = sample->add_flag("--list", options.list, "List the samples and defects");
+  sample->add_flag("--json", options.json, "List them as one JSON document")->needs(list);
+  sample->footer(
+      "Every sample is sound: `orv check` has nothing to say of it. Every defect gives one message.\n"
+      "Results go beside the case file, into FILE with an \"r\" behind it.\n\n"
+      "Examples:\n"
+      "  orv sample --list                           what there is\n"
+      "  orv sample box box.orv                      a box of 8000 hexahedra\n"
+      "  orv sample polyhedra big.orv -n 10000000    ten million polyhedra\n"
+      "  orv sample --defect overlap bad.orv         a case with overlapping face zones\n\n" +
+      std::string(kFooter));
+}
+
 int run(int argc, char** argv) {
   CLI::App app("orv checks and explains case files of fluid-simulation programs.", "orv");
   app.set_version_flag("--version", std::string("orv ") + ORV_VERSION);
@@ -86,9 +115,11 @@ int run(int argc, char** argv) {
   CheckOptions check;
   InfoOptions info;
   FormatsOptions formats;
+  SampleOptions sample;
   addCheck(app, check);
   addInfo(app, info);
   addFormats(app, formats);
+  addSample(app, sample);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -97,7 +128,10 @@ int run(int argc, char** argv) {
   if (app.got_subcommand("check")) {
     return runCheck(check);
   }
-  return app.got_subcommand("info") ? runInfo(info) : runFormats(formats);
+  if (app.got_subcommand("info")) {
+    return runInfo(info);
+  }
+  return app.got_subcommand("sample") ? runSample(sample) : runFormats(formats);
 }
 
 }  // namespace

@@ -52,7 +52,8 @@ void CaseConsumer::endWriting(OrvDataClass dataClass) {
   if (!failed_ && guarded(*this, "end of writing", [&] { finish(dataClass); })) {
     return;
   }
-  coreOf(*this).messages.addError("end of writing: nothing was written because of the error before");
+  coreOf(*this).messages.addError(
+      "end of writing: nothing was written because of the error before");
   failed_ = false;
   abandon();
 }

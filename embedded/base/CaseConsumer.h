@@ -28,8 +28,8 @@ namespace velto::base {
 /// carries that relation).
 ///
 /// Border of the two error worlds: what a subclass or a sink throws becomes a pending error here.
-/// After the first one nothing more is written until the next startWriting: endWriting abandons what
-/// was begun, with an error that says so.
+/// After the first one nothing more is written until the next startWriting: endWriting abandons
+/// what was begun, with an error that says so.
 class CaseConsumer : public OrvFileConsumer {
  public:
   void setFileName(const std::string& path, OrvDataClass dataClass) override;

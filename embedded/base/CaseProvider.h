@@ -142,7 +142,7 @@ class CaseProvider : public OrvFileProvider {
   void openElements(Family family, std::vector<int>& zoneIds);
 
   ArraysByMesh arrays_;
-  ArraysByMesh resultArrays_;  // of a results file; empty if the case holds its own
+  ArraysByMesh resultArrays_;                // of a results file; empty if the case holds its own
   ElementReader<std::uint64_t> elementIds_;  // face cells and shadows, whichever family is open
   ElementReader<int> elementTypes_;
   VariableKey variable_;  // the phase, and the variable, that are open

@@ -32,6 +32,21 @@ const std::vector<int>& MeshTables::idsOf(OrvZoneCategory category) const {
   return found == zoneIds.end() ? kNone : found->second;
 }
 
+ZoneRecord& MeshTables::addZone(OrvZoneCategory category, int zoneId, const std::string& name,
+                                std::uint64_t count) {
+  const OrvMeshSizeType total = countOf(category);
+  const std::uint64_t before = size(total);
+  zoneIds[category].push_back(zoneId);
+  ZoneRecord& record = zones[zoneId];
+  record.sizes[zoneFirstId] = before + 1;
+  record.sizes[zoneLastId] = before + count;
+  record.sizes[zoneElementCount] = count;
+  record.sizes[zoneDimension] = size(meshDimension);
+  record.texts[zoneName] = name;
+  sizes[total] = before + count;
+  return record;
+}
+
 std::uint64_t MeshTables::size(OrvMeshSizeType key) const {
   return sizes.at(static_cast<std::size_t>(key)).value_or(0);
 }

@@ -62,6 +62,11 @@ struct MeshTables {
   /// The ids of a category, in their order.
   const std::vector<int>& idsOf(OrvZoneCategory category) const;
 
+  /// Adds a zone behind the zones of its category: its elements follow theirs, its dimension is the
+  /// mesh's, and the mesh's count grows by its own.
+  ZoneRecord& addZone(OrvZoneCategory category, int zoneId, const std::string& name,
+                      std::uint64_t count);
+
   /// The value of a size, 0 if it was never set; of a mesh and of a zone.
   std::uint64_t size(OrvMeshSizeType key) const;
   std::uint64_t zoneSize(int zoneId, OrvZoneSizeType key) const;

@@ -83,25 +83,9 @@ CaseBuilder& CaseBuilder::setting(const std::string& key, const std::string& val
   return *this;
 }
 
-ZoneRecord& CaseBuilder::addZone(OrvZoneCategory category, int zone, const std::string& name,
-                                 std::uint64_t count) {
-  const OrvMeshSizeType total = base::countOf(category);
-  base::MeshTables& mesh = tables();
-  mesh.zoneIds[category].push_back(zone);
-  ZoneRecord& record = mesh.zones[zone];
-  const std::uint64_t before = mesh.size(total);
-  record.sizes[zoneFirstId] = before + 1;
-  record.sizes[zoneLastId] = before + count;
-  record.sizes[zoneElementCount] = count;
-  record.sizes[zoneDimension] = mesh.size(meshDimension);
-  record.texts[zoneName] = name;
-  mesh.sizes[total] = before + count;
-  return record;
-}
-
 CaseBuilder& CaseBuilder::nodes(int zone, const std::string& name,
                                 const std::vector<std::vector<double>>& coordinates) {
-  addZone(zoneCategoryNode, zone, name, coordinates.size());
+  tables().addZone(zoneCategoryNode, zone, name, coordinates.size());
   std::vector<double> values;
   for (const auto& node : coordinates) {
     values.insert(values.end(), node.begin(), node.end());
@@ -112,7 +96,7 @@ CaseBuilder& CaseBuilder::nodes(int zone, const std::string& name,
 
 CaseBuilder& CaseBuilder::faces(int zone, const std::string& name, int type,
                                 const std::vector<FaceLine>& lines) {
-  ZoneRecord& record = addZone(zoneCategoryFace, zone, name, lines.size());
+  ZoneRecord& record = tables().addZone(zoneCategoryFace, zone, name, lines.size());
   std::vector<Ids> nodes;
   std::vector<int> shapes;
   Ids cell0;
@@ -135,14 +119,14 @@ CaseBuilder& CaseBuilder::faces(int zone, const std::string& name, int type,
 }
 
 CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, int shape, std::uint64_t count) {
-  ZoneRecord& record = addZone(zoneCategoryCell, zone, name, count);
+  ZoneRecord& record = tables().addZone(zoneCategoryCell, zone, name, count);
   record.cellInfo[cellZoneCellType] = shape;
   arrays().cellTypes[zone].uniform = shape;
   return *this;
 }
 
 CaseBuilder& CaseBuilder::cells(int zone, const std::string& name, const std::vector<int>& shapes) {
-  ZoneRecord& record = addZone(zoneCategoryCell, zone, name, shapes.size());
+  ZoneRecord& record = tables().addZone(zoneCategoryCell, zone, name, shapes.size());
   record.cellInfo[cellZoneCellType] = commonShape(shapes);
   arrays().cellTypes[zone].types = Slice<int>(shapes);
   return *this;

@@ -80,10 +80,6 @@ class CaseBuilder {
   base::MeshTables& tables() { return case_.mesh(key_); }
   MeshData& arrays() { return case_.arrays(key_); }
 
-  /// Adds a zone behind the zones of its category; its elements follow theirs.
-  base::ZoneRecord& addZone(OrvZoneCategory category, int zone, const std::string& name,
-                            std::uint64_t count);
-
   static void relate(base::MeshTables& mesh, const MeshData& data);
 
   Case case_;

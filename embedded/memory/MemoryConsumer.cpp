@@ -8,9 +8,7 @@
 
 namespace velto::memory {
 
-base::MeshArraySink& MemoryConsumer::sink(const base::MeshKey& key) {
-  return sinks_[key];
-}
+base::MeshArraySink& MemoryConsumer::sink(const base::MeshKey& key) { return sinks_[key]; }
 
 void MemoryConsumer::open(OrvDataClass) {}
 void MemoryConsumer::finish(OrvDataClass) {}

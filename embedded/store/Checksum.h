@@ -7,7 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+
+struct XXH3_state_s;  // of libxxhash
 
 namespace velto::store {
 
@@ -25,8 +26,7 @@ class Checksum {
   std::uint64_t value() const;
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  XXH3_state_s* state_;
 };
 
 }  // namespace velto::store

@@ -121,8 +121,8 @@ Hdf5File Hdf5File::create(const std::string& file, const std::string& shown) {
 }
 
 Group Hdf5File::root() const {
-  const hid_t id = hdf5(shown_, "has no root group",
-                        [&] { return H5Gopen2(handle_.id(), "/", H5P_DEFAULT); });
+  const hid_t id =
+      hdf5(shown_, "has no root group", [&] { return H5Gopen2(handle_.id(), "/", H5P_DEFAULT); });
   return {handleOf(id, H5Gclose), shown_ + ": ", size_};
 }
 
@@ -136,9 +136,8 @@ void Hdf5File::close() {
 std::string Group::where(const std::string& name) const { return where_ + "/" + name; }
 
 bool Group::has(const std::string& name) const {
-  return hdf5(where(name), "cannot be looked up", [&] {
-           return H5Lexists(handle_.id(), name.c_str(), H5P_DEFAULT);
-         }) > 0;
+  return hdf5(where(name), "cannot be looked up",
+              [&] { return H5Lexists(handle_.id(), name.c_str(), H5P_DEFAULT); }) > 0;
 }
 
 Group Group::makeGroup(const std::string& name) {
@@ -187,15 +186,13 @@ struct OpenAttribute {
 
 std::optional<OpenAttribute> openAttribute(hid_t group, const std::string& where,
                                            const char* name) {
-  const bool there =
-      hdf5(where, "cannot be looked up", [&] { return H5Aexists(group, name); }) > 0;
+  const bool there = hdf5(where, "cannot be looked up", [&] { return H5Aexists(group, name); }) > 0;
   if (!there) {
     return std::nullopt;
   }
   OpenAttribute opened;
-  opened.attribute = handleOf(hdf5(where, "cannot be opened",
-                                   [&] { return H5Aopen(group, name, H5P_DEFAULT); }),
-                              H5Aclose);
+  opened.attribute = handleOf(
+      hdf5(where, "cannot be opened", [&] { return H5Aopen(group, name, H5P_DEFAULT); }), H5Aclose);
   opened.type = handleOf(H5Aget_type(opened.attribute.id()), H5Tclose);
   const Handle space = handleOf(H5Aget_space(opened.attribute.id()), H5Sclose);
   const hssize_t points = H5Sget_simple_extent_npoints(space.id());
@@ -215,8 +212,8 @@ void Group::setCount(const std::string& name, std::uint64_t value) {
 }
 
 void Group::setText(const std::string& name, const std::string& text) {
-  setAttribute(handle_.id(), where(name), name.c_str(), stringType(text.size()).id(),
-               scalarSpace(), text.c_str());
+  setAttribute(handle_.id(), where(name), name.c_str(), stringType(text.size()).id(), scalarSpace(),
+               text.c_str());
 }
 
 std::optional<std::vector<std::int64_t>> Group::numbers(const std::string& name) const {
@@ -302,8 +299,8 @@ void Group::writeIntegers(const std::string& name, const std::vector<std::int32_
 
 void Group::writeString(const std::string& name, const std::string& text) {
   if (!text.empty()) {
-    writeSmall(handle_.id(), where(name), name.c_str(), stringType(text.size()).id(),
-               scalarSpace(), text.data());
+    writeSmall(handle_.id(), where(name), name.c_str(), stringType(text.size()).id(), scalarSpace(),
+               text.data());
   }
 }
 
@@ -330,11 +327,10 @@ std::vector<std::byte> Group::readSmall(const std::string& name, const TypeFor& 
     return {};
   }
   const std::string place = where(name);
-  const Handle dataset = handleOf(hdf5(place, "cannot be opened as a dataset",
-                                       [&] {
-                                         return H5Dopen2(handle_.id(), name.c_str(), H5P_DEFAULT);
-                                       }),
-                                  H5Dclose);
+  const Handle dataset =
+      handleOf(hdf5(place, "cannot be opened as a dataset",
+                    [&] { return H5Dopen2(handle_.id(), name.c_str(), H5P_DEFAULT); }),
+               H5Dclose);
   const Handle fileType = handleOf(H5Dget_type(dataset.id()), H5Tclose);
   const Handle space = handleOf(H5Dget_space(dataset.id()), H5Sclose);
   const Handle type = typeFor(place, fileType.id());

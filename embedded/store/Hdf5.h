@@ -49,7 +49,7 @@ class Handle {
 };
 
 /// Types of numbers, all little-endian in the file.
-enum class NumberType { int16, int32, int64, uint64, float64 };
+enum class NumberType { int16, int32, uint64, float64 };
 
 std::size_t sizeOf(NumberType type);
 

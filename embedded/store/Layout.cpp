@@ -151,21 +151,19 @@ const TableType& settingTable() {
 }
 
 const TableType& namedTable() {
-  static const TableType kTable = {
-      {{"id", offsetof(NamedRow, id), Type::int64},
-       {"name", offsetof(NamedRow, name), Type::text},
-       {"description", offsetof(NamedRow, description), Type::text}},
-      sizeof(NamedRow)};
+  static const TableType kTable = {{{"id", offsetof(NamedRow, id), Type::int64},
+                                    {"name", offsetof(NamedRow, name), Type::text},
+                                    {"description", offsetof(NamedRow, description), Type::text}},
+                                   sizeof(NamedRow)};
   return kTable;
 }
 
 const TableType& attributeTable() {
-  static const TableType kTable = {
-      {{"isVariable", offsetof(AttributeRow, isVariable), Type::int32},
-       {"id", offsetof(AttributeRow, id), Type::int32},
-       {"name", offsetof(AttributeRow, name), Type::text},
-       {"value", offsetof(AttributeRow, value), Type::text}},
-      sizeof(AttributeRow)};
+  static const TableType kTable = {{{"isVariable", offsetof(AttributeRow, isVariable), Type::int32},
+                                    {"id", offsetof(AttributeRow, id), Type::int32},
+                                    {"name", offsetof(AttributeRow, name), Type::text},
+                                    {"value", offsetof(AttributeRow, value), Type::text}},
+                                   sizeof(AttributeRow)};
   return kTable;
 }
 
@@ -181,12 +179,11 @@ const TableType& objectTable() {
 }
 
 const TableType& objectListTable() {
-  static const TableType kTable = {
-      {{"object", offsetof(ObjectListRow, object), Type::int32},
-       {"key", offsetof(ObjectListRow, key), Type::int32},
-       {"first", offsetof(ObjectListRow, first), Type::uint64},
-       {"count", offsetof(ObjectListRow, count), Type::uint64}},
-      sizeof(ObjectListRow)};
+  static const TableType kTable = {{{"object", offsetof(ObjectListRow, object), Type::int32},
+                                    {"key", offsetof(ObjectListRow, key), Type::int32},
+                                    {"first", offsetof(ObjectListRow, first), Type::uint64},
+                                    {"count", offsetof(ObjectListRow, count), Type::uint64}},
+                                   sizeof(ObjectListRow)};
   return kTable;
 }
 

@@ -56,9 +56,9 @@ enum class Array : std::int32_t {
 
 /// The names of the arrays, which are those of their datasets. A field's has its number behind it.
 inline constexpr std::array<const char*, 17> kArrayNames = {
-    "nodeCoordinates", "faceNodeCounts", "faceNodeIds",  "cellNodeCounts", "cellNodeIds",
-    "cellFaceCounts",  "cellFaceIds",    "faceCell0",    "faceCell1",      "faceShadows",
-    "cellTypes",       "cellPartitions", "elementIds",   "treeParents",    "treeChildren",
+    "nodeCoordinates", "faceNodeCounts", "faceNodeIds", "cellNodeCounts", "cellNodeIds",
+    "cellFaceCounts",  "cellFaceIds",    "faceCell0",   "faceCell1",      "faceShadows",
+    "cellTypes",       "cellPartitions", "elementIds",  "treeParents",    "treeChildren",
     "field",           nullptr};
 
 /// The type of an array's numbers.
@@ -78,12 +78,12 @@ Array countsOf(base::Family family);
 struct ZoneRows {
   Array array = Array::nodeCoordinates;
   std::int32_t zone = 0;
-  std::int32_t field = 0;       ///< Position in "fields"; 0 for what is no field.
-  std::int32_t isUniform = 0;   ///< 1: all elements have `value`, and there are no rows.
-  std::int64_t value = 0;       ///< The uniform count or type; of cell partitions their info.
-  std::uint64_t first = 0;      ///< First row.
-  std::uint64_t rows = 0;       ///< Number of rows.
-  std::uint64_t checksum = 0;   ///< XXH3 of the rows, little-endian; 0 if there are none.
+  std::int32_t field = 0;      ///< Position in "fields"; 0 for what is no field.
+  std::int32_t isUniform = 0;  ///< 1: all elements have `value`, and there are no rows.
+  std::int64_t value = 0;      ///< The uniform count or type; of cell partitions their info.
+  std::uint64_t first = 0;     ///< First row.
+  std::uint64_t rows = 0;      ///< Number of rows.
+  std::uint64_t checksum = 0;  ///< XXH3 of the rows, little-endian; 0 if there are none.
 };
 const TableType& zoneRowsTable();
 
@@ -130,7 +130,8 @@ struct ListRow {
 };
 const TableType& listTable();
 
-// --- Settings, phases and variables ---------------------------------------------------------------
+// --- Settings, phases and variables
+// ---------------------------------------------------------------
 
 /// One row of "entries" of the group "settings".
 struct SettingRow {
@@ -157,7 +158,8 @@ struct AttributeRow {
 };
 const TableType& attributeTable();
 
-// --- Location model -------------------------------------------------------------------------------
+// --- Location model
+// -------------------------------------------------------------------------------
 
 /// The objects of a location model; one row of "objects", in the order of their ids, which count up
 /// from 1. What `owner`, `face` and `side` mean goes by the kind.

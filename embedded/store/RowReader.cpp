@@ -8,7 +8,6 @@
 #include <cstring>
 
 #include "embedded/base/CaseError.h"
-#include "embedded/store/chunks.h"
 
 namespace velto::store {
 
@@ -16,8 +15,8 @@ using base::CaseError;
 
 namespace {
 
-/// Copy and checksum take a block of this size each time; blocks are chunks where there are any.
-constexpr std::size_t kBlockBytes = kChunkBytes;
+/// Copy and checksum take a block of this size each time, or a chunk.
+constexpr std::size_t kBlockBytes = std::size_t{1} << 18U;
 
 }  // namespace
 
@@ -51,7 +50,7 @@ std::size_t RowReader::read(const RowRun& run, void* values, std::size_t n) {
 }
 
 void RowReader::readVerified(const RowRun& run, std::byte* values, std::uint64_t n) {
-  const std::uint64_t blockRows = kBlockBytes / rowSize_;
+  const std::uint64_t blockRows = storage_ == Storage::packed ? chunkRows_ : kBlockBytes / rowSize_;
   buffers_.checksum.restart();
   for (std::uint64_t done = 0; done < run.rows;) {
     const std::uint64_t end = done < n ? n : run.rows;
@@ -60,7 +59,7 @@ void RowReader::readVerified(const RowRun& run, std::byte* values, std::uint64_t
     const std::size_t bytes = static_cast<std::size_t>(count) * rowSize_;
     std::byte* place = values + done * rowSize_;
     if (done >= n) {
-      buffers_.beyond.resize(kBlockBytes);
+      buffers_.beyond.resize(bytes);
       place = buffers_.beyond.data();
     }
     readBlock(first, count, place);
@@ -118,7 +117,7 @@ const std::byte* RowReader::heldChunk(std::uint64_t firstRow) {
 void RowReader::unpackChunk(std::uint64_t firstRow, std::byte* values) {
   const std::size_t size = dataset_->chunkSize(firstRow);
   const std::size_t rawSize = static_cast<std::size_t>(chunkRows_) * rowSize_;
-  if (size > 2 * rawSize + kSmallestPackedBytes) {
+  if (size > mostPackedBytes(rawSize)) {
     throw CaseError(where_ + ": a chunk takes " + std::to_string(size) +
                     " bytes in the file and only " + std::to_string(rawSize) + " in memory");
   }

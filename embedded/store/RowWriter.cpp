@@ -13,14 +13,15 @@
 #include <cstring>
 #include <optional>
 
-#include "embedded/store/chunks.h"
-
 namespace velto::store {
 
 namespace {
 
 /// Checksum and copy take a block of this size each time, which is then still in the cache.
 constexpr std::size_t kBlockBytes = std::size_t{1} << 19U;
+
+/// Arrays of no more bytes stay contiguous: a list of chunks costs more than packing saves.
+constexpr std::size_t kSmallestPackedBytes = 4096;
 
 /// What a contiguous writer holds back.
 constexpr std::size_t kHeldBytes = std::size_t{8} << 20U;
@@ -106,8 +107,7 @@ class ContiguousWriter : public RowWriter {
 
 class PackedWriter : public RowWriter {
  public:
-  PackedWriter(Group& group, std::string name, NumberType type, Packer& packer,
-               int zstdLevel)
+  PackedWriter(Group& group, std::string name, NumberType type, Packer& packer, int zstdLevel)
       : RowWriter(type),
         group_(group),
         name_(std::move(name)),
@@ -159,8 +159,7 @@ class PackedWriter : public RowWriter {
       dataset_ = group_.makeDataset(name_, type_, 0, chunk_.size() / rowSize());
     }
     const std::uint64_t first = dataset_->rows();
-    const PackedChunk packed =
-        packer_.pack(chunk_.data(), chunk_.size(), rowSize(), level_);
+    const PackedChunk packed = packer_.pack(chunk_.data(), chunk_.size(), rowSize(), level_);
     dataset_->extend(first + rows);
     dataset_->writeChunk(first, packed.data, packed.size);
     chunk_.clear();

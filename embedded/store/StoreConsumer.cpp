@@ -20,6 +20,7 @@ base::MeshArraySink& StoreConsumer::sink(const base::MeshKey& key) {
 
 void StoreConsumer::open(OrvDataClass dataClass) {
   writer_.reset();  // what was begun and never ended is dropped
+  base::coreOf(*this).tables.version = base::ownVersion();
   writer_ = std::make_unique<StoreWriter>(fileName(dataClass), dataClass,
                                           std::min(compression(), 9U), base::coreOf(*this).tables);
 }

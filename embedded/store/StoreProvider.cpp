@@ -27,11 +27,29 @@ constexpr std::array<unsigned char, 8> kSignature = {0x89, 'H', 'D', 'F', '\r', 
 
 bool isHdf5(const RawFile& raw) {
   std::array<unsigned char, 8> begin{};
-  if (raw.size() < begin.size()) {
+  if (raw.size() <= begin.size()) {
     return false;
   }
   raw.read(0, begin.data(), begin.size());
   return begin == kSignature;
+}
+
+/// Throws if a file ends before the end that HDF5 has noted in its head, which is the first thing
+/// that HDF5 looks at too, but tells in words of its own.
+void requireWhole(const std::string& name, const RawFile& raw) {
+  constexpr std::uint64_t kVersionAt = 8;
+  constexpr std::uint64_t kEndAt = 40;  // in the versions 0 and 1, with addresses of 8 bytes
+  std::uint8_t version = 0;
+  std::uint64_t end = 0;
+  const std::uint64_t size = raw.size();
+  raw.read(kVersionAt, &version, sizeof version);
+  if (version <= 1 && size >= kEndAt + sizeof end) {
+    raw.read(kEndAt, &end, sizeof end);
+    if (size < end) {
+      throw CaseError(name + ": the file is cut, it has " + std::to_string(size) + " of " +
+                      std::to_string(end) + " bytes");
+    }
+  }
 }
 
 /// Looks at the format's name in the file itself.
@@ -71,6 +89,7 @@ OpenedStore openStore(const std::string& name, OrvDataClass dataClass) {
     throw CaseError(name + ": the structure of the file was changed after it was written, the " +
                     "file is damaged");
   }
+  requireWhole(name, file->raw);
   const Hdf5File hdf5 = Hdf5File::open(name, file->raw.size());
   const Group root = hdf5.root();
   OpenedStore opened;

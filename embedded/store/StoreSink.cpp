@@ -8,7 +8,6 @@
 
 #include "embedded/base/CaseError.h"
 #include "embedded/store/case_tables.h"
-#include "embedded/store/chunks.h"
 
 namespace velto::store {
 
@@ -48,8 +47,8 @@ void StoreSink::write(const ArrayKey& key, int zone, const void* values, std::si
   ZoneRows& rows = entry(key, zone);
   ArrayState& array = arrays_[key];
   if (n > 0 && array.isClosed) {
-    throw base::CaseError(group_.where(layout::datasetName(key.first, key.second)) +
-                          ": zone " + std::to_string(zone) +
+    throw base::CaseError(group_.where(layout::datasetName(key.first, key.second)) + ": zone " +
+                          std::to_string(zone) +
                           " came after the array was closed; the arrays of a mesh are written "
                           "before those of the next");
   }
@@ -67,9 +66,12 @@ void StoreSink::write(const ArrayKey& key, int zone, const void* values, std::si
 std::unique_ptr<RowWriter> StoreSink::makeWriter(const ArrayKey& key) {
   const std::string name = layout::datasetName(key.first, key.second);
   const NumberType type = layout::typeOf(key.first);
-  const int level = zstdLevel(key.first, settings_.compression);
-  return level == 0 ? makeContiguousWriter(group_, name, type, settings_.room)
-                    : makePackedWriter(group_, name, type, settings_.packer, level);
+  if (settings_.compression == 0) {
+    return makeContiguousWriter(group_, name, type, settings_.room);
+  }
+  const Content content = type == NumberType::float64 ? Content::reals : Content::integers;
+  return makePackedWriter(group_, name, type, settings_.packer,
+                          zstdLevel(settings_.compression, content));
 }
 
 void StoreSink::closeArrays() {
@@ -213,8 +215,8 @@ const std::vector<FileRange>& StoreSink::finish() {
   closeArrays();
   TextWriter texts;
   const auto mesh = tables_.meshes.find(key_);
-  writeMeshTables(group_, key_,
-                  mesh == tables_.meshes.end() ? base::MeshTables() : mesh->second, texts);
+  writeMeshTables(group_, key_, mesh == tables_.meshes.end() ? base::MeshTables() : mesh->second,
+                  texts);
   writeArrayTables(texts);
   texts.write(group_);
   return ranges_;
@@ -228,8 +230,8 @@ void StoreSink::writeArrayTables(TextWriter& texts) {
   writeRows(group_, "arrays", layout::zoneRowsTable(), rows);
   std::vector<layout::FieldRow> fields;
   for (const Field& field : fields_) {
-    fields.push_back({field.key.phase, field.key.category, field.valuesPerEntity,
-                      texts.add(field.key.name)});
+    fields.push_back(
+        {field.key.phase, field.key.category, field.valuesPerEntity, texts.add(field.key.name)});
   }
   writeRows(group_, "fields", layout::fieldTable(), fields);
 }

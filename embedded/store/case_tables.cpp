@@ -6,7 +6,6 @@
 
 #include <limits>
 
-
 namespace velto::store {
 
 using base::CaseError;
@@ -32,8 +31,10 @@ void writeHeader(Group& root, const base::CaseTables& tables, OrvDataClass dataC
   root.setText("format", layout::kFormat);
   root.setNumbers("layout", {layout::kMajor, layout::kMinor});
   root.setText("dataClass", nameOf(dataClass));
-  const base::FileVersion version = tables.version.value_or(base::ownVersion());
-  root.setNumbers("version", {version.major, version.minor, version.patch});
+  if (tables.version) {
+    root.setNumbers("version",
+                    {tables.version->major, tables.version->minor, tables.version->patch});
+  }
   root.setText("solverType", tables.solverType);
   root.setText("application", tables.applicationName);
 }
@@ -52,19 +53,22 @@ void readHeader(const Group& root, OrvDataClass dataClass, base::CaseTables& tab
                     ", this program reads layout " + versionText(layout::kMajor, layout::kMinor));
   }
   const std::string held = root.text("dataClass").value_or("");
+  if (held != nameOf(dataClassCase) && held != nameOf(dataClassResults)) {
+    throw CaseError(root.where("dataClass") + ": \"case\" or \"results\" is expected");
+  }
   if (held != nameOf(dataClass)) {
-    throw CaseError(root.where("dataClass") + ": the file holds \"" + held + "\", \"" +
-                    nameOf(dataClass) + "\" is expected");
+    throw CaseError(root.where() + (dataClass == dataClassCase
+                                        ? "the file holds the results of a case and no case"
+                                        : "the file holds a case and no results"));
   }
-  const auto version = root.numbers("version");
-  if (!version || version->size() != 3) {
-    throw CaseError(root.where("version") + ": three numbers are expected");
+  if (const auto version = root.numbers("version")) {
+    const std::string place = root.where("version");
+    if (version->size() != 3) {
+      throw CaseError(place + ": three numbers are expected");
+    }
+    tables.version = base::FileVersion{toInt((*version)[0], place), toInt((*version)[1], place),
+                                       toInt((*version)[2], place)};
   }
-  std::array<int, 3> parts{};
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    parts.at(i) = toInt((*version)[i], root.where("version"));
-  }
-  tables.version = base::FileVersion{parts[0], parts[1], parts[2]};
   tables.solverType = root.text("solverType").value_or("");
   tables.applicationName = root.text("application").value_or("");
 }
@@ -157,7 +161,8 @@ void readResultTables(const Group& root, base::CaseTables& tables) {
     tables.variables.push_back(std::move(variable));
   }
   for (const auto& row : readRows<AttributeRow>(group, "attributes", layout::attributeTable())) {
-    base::Phase* phase = row.isVariable == 0 ? tables.findPhase(static_cast<short>(row.id)) : nullptr;
+    base::Phase* phase =
+        row.isVariable == 0 ? tables.findPhase(static_cast<short>(row.id)) : nullptr;
     base::Variable* variable = row.isVariable == 0 ? nullptr : tables.findVariable(row.id);
     if (phase == nullptr && variable == nullptr) {
       throw CaseError(group.where("attributes") + ": there is nothing with the id " +

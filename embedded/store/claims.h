@@ -27,8 +27,7 @@ inline bool claimsTooMuch(std::uint64_t count, std::uint64_t values, std::uint64
 
 /// Throws CaseError if a mesh whose arrays have `rows` numbers in all claims more elements, in its
 /// sizes or in a zone, than they can speak of.
-void requireJustified(const std::string& where, const base::MeshTables& tables,
-                      std::uint64_t rows);
+void requireJustified(const std::string& where, const base::MeshTables& tables, std::uint64_t rows);
 
 }  // namespace velto::store
 

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "embedded/store/hdf5_calls.h"
+#include "embedded/store/packing.h"
 
 namespace velto::store {
 
@@ -13,8 +14,7 @@ using base::CaseError;
 
 namespace {
 
-/// The registered number of the zstd filter.
-constexpr H5Z_filter_t kZstdFilter = 32015;
+constexpr auto kZstd = static_cast<H5Z_filter_t>(kZstdFilter);
 
 /// No chunk is larger: what a reader has to hold in memory at once.
 constexpr std::uint64_t kMostChunkBytes = std::uint64_t{64} << 20U;
@@ -42,10 +42,9 @@ bool isPacked(hid_t creation) {
   for (unsigned i = 0; i < 2; ++i) {
     std::size_t values = 0;
     unsigned flags = 0;
-    filters.at(i) =
-        H5Pget_filter2(creation, i, &flags, &values, nullptr, 0, nullptr, nullptr);
+    filters.at(i) = H5Pget_filter2(creation, i, &flags, &values, nullptr, 0, nullptr, nullptr);
   }
-  return filters == std::array<H5Z_filter_t, 2>{H5Z_FILTER_SHUFFLE, kZstdFilter};
+  return filters == std::array<H5Z_filter_t, 2>{H5Z_FILTER_SHUFFLE, kZstd};
 }
 
 }  // namespace
@@ -58,8 +57,6 @@ hid_t numberTypeId(NumberType type) {
       return H5T_STD_I16LE;
     case NumberType::int32:
       return H5T_STD_I32LE;
-    case NumberType::int64:
-      return H5T_STD_I64LE;
     case NumberType::uint64:
       return H5T_STD_U64LE;
     case NumberType::float64:
@@ -82,7 +79,7 @@ Dataset Group::makeDataset(const std::string& name, NumberType type, std::uint64
     const QuietErrors quiet;
     H5Pset_chunk(creation.id(), 1, &chunk);
     H5Pset_shuffle(creation.id());
-    H5Pset_filter(creation.id(), kZstdFilter, H5Z_FLAG_OPTIONAL, 0, nullptr);
+    H5Pset_filter(creation.id(), kZstd, H5Z_FLAG_OPTIONAL, 0, nullptr);
   }
   const hid_t id = hdf5(where(name), "cannot be made", [&] {
     return H5Dcreate2(handle_.id(), name.c_str(), numberTypeId(type), space.id(), H5P_DEFAULT,
@@ -166,9 +163,8 @@ std::vector<FileRange> Dataset::ranges() const {
     unsigned filters = 0;
     haddr_t address = 0;
     hsize_t size = 0;
-    hdf5(where_, "has an unreadable list of chunks", [&] {
-      return H5Dget_chunk_info_by_coord(handle_.id(), &row, &filters, &address, &size);
-    });
+    hdf5(where_, "has an unreadable list of chunks",
+         [&] { return H5Dget_chunk_info_by_coord(handle_.id(), &row, &filters, &address, &size); });
     ranges.push_back({address, address + size});
   }
   return ranges;
@@ -198,9 +194,8 @@ void Dataset::extend(std::uint64_t rows) {
 
 void Dataset::writeChunk(std::uint64_t firstRow, const void* bytes, std::size_t size) {
   const hsize_t at = firstRow;
-  hdf5(where_, "cannot be written", [&] {
-    return H5Dwrite_chunk(handle_.id(), H5P_DEFAULT, 0, &at, size, bytes);
-  });
+  hdf5(where_, "cannot be written",
+       [&] { return H5Dwrite_chunk(handle_.id(), H5P_DEFAULT, 0, &at, size, bytes); });
 }
 
 std::size_t Dataset::chunkSize(std::uint64_t firstRow) const {

@@ -84,8 +84,8 @@ std::vector<int>* listOf(ZoneRecord& zone, List list) {
 }
 
 void addLists(std::vector<ListRow>& rows, ListWriter& lists, int id, ZoneRecord zone) {
-  for (const List list : {List::properties, List::boundingFaceZones, List::side0CellZones,
-                          List::side1CellZones}) {
+  for (const List list :
+       {List::properties, List::boundingFaceZones, List::side0CellZones, List::side1CellZones}) {
     const std::vector<int>& values = *listOf(zone, list);
     if (!values.empty()) {
       lists.add(rows, {list, id}, values);
@@ -95,8 +95,7 @@ void addLists(std::vector<ListRow>& rows, ListWriter& lists, int id, ZoneRecord 
 
 }  // namespace
 
-void writeMeshTables(Group& mesh, const MeshKey& key, const MeshTables& tables,
-                     TextWriter& texts) {
+void writeMeshTables(Group& mesh, const MeshKey& key, const MeshTables& tables, TextWriter& texts) {
   mesh.setNumbers("mesh", {key.mesh});
   mesh.setNumbers("target", {key.target});
   mesh.setNumbers("partition", {key.partition});
@@ -157,8 +156,7 @@ MeshTables readMeshTables(const Group& mesh, const TextReader& texts) {
       continue;
     }
     const auto zone = tables.zones.find(row.key);
-    std::vector<int>* list =
-        zone == tables.zones.end() ? nullptr : listOf(zone->second, row.list);
+    std::vector<int>* list = zone == tables.zones.end() ? nullptr : listOf(zone->second, row.list);
     if (list == nullptr) {
       throw CaseError(mesh.where("lists") + ": a list of zone " + std::to_string(row.key) +
                       " belongs to nothing");

@@ -241,14 +241,14 @@ class Other(CommandLine):
         status, out, err = self.orv("formats")
         self.assertEqual((status, err), (0, ""))
         self.assertEqual([line.split()[0] for line in out.splitlines()],
-                         ["name", "openfoam", "memory"])
+                         ["name", "openfoam", "store", "memory"])
         status, out, _ = self.orv("formats", "--json")
         self.assertEqual((status, [f["name"] for f in json.loads(out)["formats"]]),
-                         (0, ["openfoam", "memory"]))
+                         (0, ["openfoam", "store", "memory"]))
 
     def test_explains_itself(self):
         for arguments in (["--help"], ["check", "--help"], ["info", "--help"],
-                          ["formats", "--help"]):
+                          ["formats", "--help"], ["sample", "--help"]):
             status, out, err = self.orv(*arguments)
             self.assertEqual((status, err), (0, ""))
             self.assertIn("Example", out)
@@ -261,6 +261,83 @@ class Other(CommandLine):
             status, out, err = self.orv(*arguments)
             self.assertEqual((status, out), (2, ""), arguments)
             self.assertNotEqual(err, "", arguments)
+
+
+class Sample(CommandLine):
+    def exists(self, name):
+        return pathlib.Path(self.folder.name, name).exists()
+
+    def test_lists_samples_and_defects(self):
+        status, out, err = self.orv("sample", "--list")
+        self.assertEqual((status, err), (0, ""))
+        sound, damaged = out.split("\n\n")
+        self.assertEqual([line.split()[0] for line in sound.splitlines()],
+                         ["sample", "box", "box-cells", "post", "polyhedra", "plane", "two-bodies",
+                          "periodic", "shadow", "physics", "results", "partitions"])
+        self.assertIn(["overlap", "post",
+                       "A face zone begins with the last face of the one before.", "error",
+                       "checkFaceZones : Overlapping Face ranges"],
+                      [re.split("  +", line, maxsplit=4) for line in damaged.splitlines()])
+
+    def test_lists_as_json_what_it_lists_as_text(self):
+        status, out, err = self.orv("sample", "--list", "--json")
+        self.assertEqual((status, err), (0, ""))
+        lists = json.loads(out)
+        sound, damaged = (text.splitlines()[1:]
+                          for text in self.orv("sample", "--list")[1].split("\n\n"))
+        self.assertEqual([row["name"] for row in lists["samples"]],
+                         [line.split()[0] for line in sound])
+        self.assertEqual([row["name"] for row in lists["defects"]],
+                         [line.split()[0] for line in damaged])
+        self.assertEqual(lists["samples"][9],
+                         {"name": "results", "title": "box with the flow of water and air",
+                          "purpose": "Results of two phases on nodes, faces and cells.",
+                          "cells": 8000, "results": True})
+        self.assertIn({"name": "unnamed-zone", "sample": "post",
+                       "what": "A face zone has no name.", "level": "warning",
+                       "message": "checkFaceZones : Empty Face zone name"}, lists["defects"])
+
+    def test_says_what_it_does_not_know(self):
+        hint = "`orv sample --list` lists all\n"
+        for arguments, said in (
+                (["bxo", "new.orv"], f"no sample is named bxo; did you mean box? {hint}"),
+                (["tetrahedra", "new.orv"], f"no sample is named tetrahedra; {hint}"),
+                (["--defect", "overlaps", "new.orv"],
+                 f"no defect is named overlaps; did you mean overlap? {hint}"),
+                (["box"], "expected a sample and a file; `orv sample --list` lists the samples\n"),
+                (["--defect", "overlap", "box", "new.orv"],
+                 "a damaged sample takes one file; `orv sample --help` shows examples\n"),
+                (["box", "new.txt"], "new.txt: the name of a case file ends in .orv\n"),
+                (["box", ".orv"], ".orv: the name of a case file ends in .orv\n")):
+            self.assertEqual(self.orv("sample", *arguments), (2, "", f"orv: {said}"))
+        self.assertFalse(self.exists("new.orv"))
+
+    def test_refuses_numbers_that_are_out_of_range(self):
+        for arguments in (["--cells", "0"], ["--cells", "-5"], ["--compression", "10"], ["--json"]):
+            status, out, err = self.orv("sample", "box", "new.orv", *arguments)
+            self.assertEqual((status, out), (2, ""), arguments)
+            self.assertNotEqual(err, "", arguments)
+        self.assertFalse(self.exists("new.orv"))
+
+    def test_leaves_a_file_that_is_there(self):
+        for kept in ("kept.orv", "other.orvr"):
+            pathlib.Path(self.folder.name, kept).write_text("mine\n", encoding="utf-8")
+            name = kept[:kept.index(".")] + ".orv"
+            self.assertEqual(self.orv("sample", "results", name),
+                             (2, "", f"orv: {kept}: is there already; --force overwrites it\n"))
+            self.assertEqual(pathlib.Path(self.folder.name, kept).read_text(encoding="utf-8"),
+                             "mine\n")
+        self.assertFalse(self.exists("other.orv"))
+
+    def test_says_what_it_wrote(self):
+        status, out, err = self.orv("sample", "results", "flow.orv", "--cells", "27")
+        self.assertEqual((status, err), (0, ""))
+        size = r"\d+ bytes|\d+\.\d [kM]B"
+        self.assertRegex(out, rf"\Aflow\.orv: 27 cells, ({size})\n"
+                              rf"flow\.orvr: results, ({size})\n\Z")
+        self.assertTrue(self.exists("flow.orv"))
+        self.assertTrue(self.exists("flow.orvr"))
+        self.assertEqual(self.orv("sample", "results", "flow.orv", "--force")[0], 0)
 
 
 class RealMeshes(CommandLine):
@@ -303,6 +380,33 @@ class RealMeshes(CommandLine):
                          {"dimension": 3, "nodes": 21812, "faces": 43066, "cells": 10720})
         self.assertEqual(mesh["zones"][1]["elements"], 21254)
         self.expect_patches_of_boundary(folder, mesh)
+
+
+class WrittenSamples(CommandLine):
+    """Samples as files, read again; skipped without a format that reads them."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        done = subprocess.run([ORV, "formats", "--json"], capture_output=True, check=True)
+        if not any(".orv" in row["files"] and row["reads"]
+                   for row in json.loads(done.stdout)["formats"]):
+            cls.tearDownClass()
+            raise unittest.SkipTest("no format reads .orv files")
+
+    def test_are_sound(self):
+        for row in json.loads(self.orv("sample", "--list", "--json")[1])["samples"]:
+            file = f"{row['name']}.orv"
+            self.assertEqual(self.orv("sample", row["name"], file, "--cells", "30")[::2], (0, ""))
+            self.assertEqual(self.orv("check", "--strict", "--level", "2", file),
+                             (0, f"{file}: sound (0 errors, 0 warnings)\n", ""))
+
+    def test_have_the_defect_that_they_are_named_after(self):
+        for row in json.loads(self.orv("sample", "--list", "--json")[1])["defects"]:
+            file = f"{row['name']}.orv"
+            self.assertEqual(self.orv("sample", "--defect", row["name"], file)[::2], (0, ""))
+            found = self.report(file)[1]["files"][0][row["level"] + "s"][0]
+            self.assertEqual(f"{found['step']} : {found['message']}", row["message"])
 
 
 if __name__ == "__main__":

@@ -40,6 +40,8 @@ FREE = ["tests", "benchmarks", "fuzz", "examples"]
 LIBRARIES = {
     "zlib.h": ["formats/*", "testing"],
     "hdf5.h": ["embedded/store"],
+    "zstd.h": ["embedded/store"],
+    "xxh": ["embedded/store"],
     "CLI/": ["orv"],
     "fmt/": ["orv"],
     "nlohmann/": ["orv"],

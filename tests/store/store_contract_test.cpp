@@ -36,7 +36,7 @@ INSTANTIATE_TEST_SUITE_P(Saved, ProviderContract,
                          ::testing::ValuesIn(contractTests({"Saved", savedAndOpened<0>, {}})),
                          contractTestName);
 INSTANTIATE_TEST_SUITE_P(SavedPacked, ProviderContract,
-                         ::testing::ValuesIn(contractTests({"SavedPacked", savedAndOpened<9>, {}})),
+                         ::testing::ValuesIn(contractTests({"SavedPacked", savedAndOpened<3>, {}})),
                          contractTestName);
 INSTANTIATE_TEST_SUITE_P(Written, ProviderContract,
                          ::testing::ValuesIn(contractTests({"Written", writtenAndOpened<0>,

@@ -25,8 +25,7 @@ inline void save(const memory::Case& source, const std::string& folder, unsigned
   const auto shared = std::make_shared<memory::Case>(source);
   store::saveCase(source.tables, memory::arraysOf(shared), folder + "/case.orv", compression);
   if (!source.tables.phases.empty()) {
-    store::saveResults(source.tables, memory::arraysOf(shared), folder + "/case.orvr",
-                       compression);
+    store::saveResults(source.tables, memory::arraysOf(shared), folder + "/case.orvr", compression);
   }
 }
 

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// orv sample: writes sample cases, sound ones of any size and damaged ones.
+
+#include <filesystem>
+#include <fmt/format.h>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "orv/ProgressBar.h"
+#include "orv/TextTable.h"
+#include "orv/commands.h"
+#include "orv/near_name.h"
+#include "samples/defects.h"
+#include "samples/samples.h"
+#include "samples/save_sample.h"
+
+namespace velto::orv {
+
+namespace {
+
+// --- The lists ----------------------------------------------------------------------------------
+
+void printLists() {
+  TextTable samples(
+      {{"sample"}, {"cells", TextTable::Align::right}, {"what it is"}, {"what it is for"}});
+  for (const samples::SampleInfo& info : samples::samples()) {
+    samples.addRow({info.name, std::to_string(info.defaultCells), info.title, info.purpose});
+  }
+  TextTable defects({{"defect"}, {"of"}, {"what is wrong"}, {"level"}, {"message"}});
+  for (const samples::Defect& defect : samples::defects()) {
+    defects.addRow({defect.name, defect.sample, defect.what, defect.isError ? "error" : "warning",
+                    defect.finding});
+  }
+  std::cout << samples.text("") << "\n" << defects.text("");
+}
+
+void printJson() {
+  nlohmann::ordered_json sound = nlohmann::ordered_json::array();
+  for (const samples::SampleInfo& info : samples::samples()) {
+    sound.push_back({{"name", info.name},
+                     {"title", info.title},
+                     {"purpose", info.purpose},
+                     {"cells", info.defaultCells},
+                     {"results", info.hasResults}});
+  }
+  nlohmann::ordered_json damaged = nlohmann::ordered_json::array();
+  for (const samples::Defect& defect : samples::defects()) {
+    damaged.push_back({{"name", defect.name},
+                       {"sample", defect.sample},
+                       {"what", defect.what},
+                       {"level", defect.isError ? "error" : "warning"},
+                       {"message", defect.finding}});
+  }
+  std::cout << nlohmann::ordered_json{{"orv", ORV_VERSION},
+                                      {"samples", sound},
+                                      {"defects", damaged}}
+                   .dump(2)
+            << std::endl;
+}
+
+// --- What is asked for --------------------------------------------------------------------------
+
+/// Says why nothing is written.
+ExitStatus refuse(const std::string& reason) {
+  std::cerr << "orv: " << reason << std::endl;
+  return exitNotDone;
+}
+
+template <class Info>
+std::vector<std::string> namesOf(const std::vector<Info>& list) {
+  std::vector<std::string> names;
+  names.reserve(list.size());
+  for (const Info& info : list) {
+    names.emplace_back(info.name);
+  }
+  return names;
+}
+
+ExitStatus refuseName(const std::string& kind, const std::string& name,
+                      const std::vector<std::string>& names) {
+  const std::string near = nearName(name, names);
+  const std::string guess = near.empty() ? "" : fmt::format("did you mean {}? ", near);
+  return refuse(
+      fmt::format("no {} is named {}; {}`orv sample --list` lists all", kind, name, guess));
+}
+
+/// Bytes for people: "812 bytes", "1.2 MB".
+std::string sizeText(std::uintmax_t bytes) {
+  if (bytes < 1000) {
+    return fmt::format("{} bytes", bytes);
+  }
+  auto size = static_cast<double>(bytes);
+  const char* unit = "";
+  for (const char* next : {"kB", "MB", "GB", "TB"}) {
+    if (size < 999.95) {
+      break;
+    }
+    size /= 1000;
+    unit = next;
+  }
+  return fmt::format("{:.1f} {}", size, unit);
+}
+
+int write(const samples::Sample& sample, const std::string& file, const SampleOptions& options) {
+  const std::vector<std::string> files = samples::filesOf(sample, file);
+  for (const std::string& one : files) {
+    if (!options.force && std::filesystem::exists(one)) {
+      return refuse(one + ": is there already; --force overwrites it");
+    }
+  }
+  {
+    const ProgressBar progress(true);
+    samples::saveSample(sample, file, options.compression);
+  }
+  const std::string cells = fmt::format("{} cells", samples::cellCount(sample.tables));
+  for (const std::string& one : files) {
+    std::cout << fmt::format("{}: {}, {}", one, one == file ? cells : "results",
+                             sizeText(std::filesystem::file_size(one)))
+              << std::endl;
+  }
+  return exitSound;
+}
+
+}  // namespace
+
+int runSample(const SampleOptions& options) {
+  if (options.list) {
+    options.json ? printJson() : printLists();
+    return exitSound;
+  }
+  const bool isDamaged = !options.defect.empty();
+  if (options.words.size() != (isDamaged ? 1 : 2)) {
+    return refuse(isDamaged
+                      ? "a damaged sample takes one file; `orv sample --help` shows examples"
+                      : "expected a sample and a file; `orv sample --list` lists the samples");
+  }
+  const std::string& file = options.words.back();
+  const samples::SampleInfo* sample = samples::findSample(options.words.front());
+  const samples::Defect* defect = samples::findDefect(options.defect);
+  if (isDamaged && defect == nullptr) {
+    return refuseName("defect", options.defect, namesOf(samples::defects()));
+  }
+  if (!isDamaged && sample == nullptr) {
+    return refuseName("sample", options.words.front(), namesOf(samples::samples()));
+  }
+  if (!samples::isCaseFile(file)) {
+    return refuse(
+        fmt::format("{}: the name of a case file ends in {}", file, samples::kCaseEnding));
+  }
+  const auto cells = [&options](std::uint64_t usual) {
+    return options.cells == 0 ? usual : options.cells;
+  };
+  return isDamaged ? write(samples::makeDamagedSample(*defect, cells(samples::kDefectCells)), file,
+                           options)
+                   : write(sample->make(cells(sample->defaultCells)), file, options);
+}
+
+}  // namespace velto::orv

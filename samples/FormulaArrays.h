@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// FormulaArrays: what the arrays of all samples have in common.
+
+#ifndef VELTO_SAMPLES_FORMULA_ARRAYS_H
+#define VELTO_SAMPLES_FORMULA_ARRAYS_H
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "embedded/base/MeshArrays.h"
+
+namespace velto::samples {
+
+/// Arrays that hold nothing but what a subclass says: no face tree, no partitions, no field data.
+class FormulaArrays : public base::MeshArrays {
+ public:
+  std::vector<int> treeChildZones() override { return {}; }
+  int partitionInfo(int) override { return 0; }
+  std::size_t readCellPartitions(int, int*, std::size_t) override { return 0; }
+  std::size_t readCellTypes(int, int*, std::size_t) override { return 0; }
+  std::vector<std::string> variableNames(short, OrvZoneCategory) override { return {}; }
+  std::size_t variableZones(const base::VariableKey&, std::vector<int>&) override { return 0; }
+  std::size_t variableValueCount(const base::VariableKey&, int) override { return 0; }
+  std::size_t readVariable(const base::VariableKey&, int, double*, std::size_t) override {
+    return 0;
+  }
+};
+
+/// Has `fill` write the `size` values of a zone into a buffer for `n`, and returns how many stand
+/// there. A buffer that is too small for all of them gets the first.
+template <class Value, class Fill>
+std::size_t deliver(std::size_t size, Value* values, std::size_t n, Fill fill) {
+  if (n >= size) {
+    fill(values);
+    return size;
+  }
+  std::vector<Value> all(size);
+  fill(all.data());
+  std::copy_n(all.begin(), n, values);
+  return n;
+}
+
+}  // namespace velto::samples
+
+#endif  // VELTO_SAMPLES_FORMULA_ARRAYS_H

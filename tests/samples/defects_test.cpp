@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Every defect is found, with nothing beside it but what stands here, and every message that a case
+// file can provoke has a defect.
+
+#include "samples/defects.h"
+
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+#include "embedded/memory/MemoryProvider.h"
+#include "samples/samples.h"
+#include "tests/samples/run_checker.h"
+
+namespace velto::testing {
+namespace {
+
+using samples::Defect;
+
+/// What a checker of level 1 says of each damaged case.
+struct Expected {
+  Texts errors;
+  Texts warnings;
+};
+
+const std::map<std::string, Expected>& expectations() {
+  static const std::map<std::string, Expected> kExpectations = {
+      {"two-targets",
+       {{}, {"checkCase : ORV file with multiple target types - support is limited"}}},
+      {"no-version", {{"checkVersion : ORV version number invalid"}, {}}},
+      {"newer-major",
+       {{}, {"checkVersion : ORV Major version number is newer - compatibility might be limited"}}},
+      {"newer-minor",
+       {{}, {"checkVersion : ORV Minor version number is newer - compatibility might be limited"}}},
+      {"newer-patch",
+       {{}, {"checkVersion : ORV patch version number is newer - compatibility might be limited"}}},
+      {"no-solver-type", {{"checkSolverType : Empty solver type"}, {}}},
+      {"generic-solver-type",
+       {{}, {"checkSolverType : File with undefined / ORV_GENERIC solver type"}}},
+      {"unknown-solver-type", {{}, {"checkSolverType : File with unknown solver type"}}},
+      {"one-dimensional", {{"checkMeshSize : Invalid mesh dimension"}, {}}},
+      {"no-nodes", {{"checkMeshSize : The mesh has cell/faces but no nodes"}, {}}},
+      {"unbounded-cell-zone", {{"checkMeshConnectivity : No face zones bound cell zone [9]"}, {}}},
+      {"bounding-zone-missing",
+       {{"checkMeshConnectivity : Cell zone [9] is bounded by a Face zone [99] that doesn't exist."},
+        {}}},
+      {"post-bounding-zones",
+       {{"checkMeshConnectivity : Cell zone [8] is bounded by Face zones in ORV Post mesh (1)."},
+        {}}},
+      {"side-zone-missing",
+       {{"checkMeshConnectivity : Face zone [3] bounds Cell zone [99] that doesn't exist."}, {}}},
+      {"post-side-zones",
+       {{"checkMeshConnectivity : Face zone [2] found to bound cell zones in a ORV Post mesh (1)."},
+        {}}},
+      {"untold-cells",
+       {{"checkCellZoneConnectivityTypes : Cell zone [8] with  unexpected connectivity in ORV Post mesh (1)."},
+        {}}},
+      {"polyhedra-type",
+       {{},
+        {"checkCellZoneConnectivityTypes : Polyhedral cell zone (9) doesn't have correct type."}}},
+      {"no-node-zones", {{"checkNodeZones : Non-zero node count and no node zones"}, {}}},
+      {"no-node-count", {{"checkNodeZones : Non-zero node zones with no global node count"}, {}}},
+      {"no-face-zones", {{"checkFaceZones : Non-zero face count and no face zones"}, {}}},
+      {"no-face-count", {{"checkFaceZones : Non-zero face zones with no global face count"}, {}}},
+      {"no-cell-zones", {{"checkCellZones : Non-zero cell count and no cell zones"}, {}}},
+      {"no-cell-count", {{"checkCellZones : Non-zero cell zones with no global cell count"}, {}}},
+      {"zone-size", {{"checkFaceZones : Error in zone size / start / end"}, {}}},
+      {"overlap", {{"checkFaceZones : Overlapping Face ranges"}, {}}},
+      {"gap", {{"checkFaceZones : Face zones do not cover the full range of declared Faces"}, {}}},
+      {"face-count",
+       {{"checkFaceZones : Mismatch in Face zones content and total number of Faces"}, {}}},
+      {"face-range", {{"checkFaceZones : Face zones total range doesnt match [1,nmax]"}, {}}},
+      {"unnamed-zone", {{}, {"checkFaceZones : Empty Face zone name"}}},
+      {"zone-dimension",
+       {{"checkFaceZones : Zone dimension inconsistent with mesh dimension"}, {}}},
+      {"face-zone-type", {{"checkFaceZones : Invalid face zone type"}, {}}},
+      {"no-face-type", {{}, {"checkFaceZones : Face type was not set"}}},
+      {"face-type", {{"checkFaceZones : Invalid face type"}, {}}},
+      {"face-child", {{"checkFaceZones : Face zone child zone id invalid"}, {}}},
+      {"face-parent0", {{"checkFaceZones : Face zone parent0 zone id invalid"}, {}}},
+      {"face-parent1", {{"checkFaceZones : Face zone parent1 zone id invalid"}, {}}},
+      {"face-shadow", {{"checkFaceZones : Face zone shadow zone id invalid"}, {}}},
+      {"one-way-shadow", {{"checkFaceZones : Face zone shadow link is not bilateral"}, {}}},
+      {"no-cell-type",
+       {{"checkCellZones : Cell type was not set - mandatory for a face-node zone"}, {}}},
+      {"no-post-cell-type", {{}, {"checkCellZones : Cell type was not set"}}},
+      {"cell-type", {{"checkCellZones : Invalid cell type"}, {}}},
+      {"cell-child", {{"checkCellZones : Cell zone child zone id invalid"}, {}}},
+  };
+  return kExpectations;
+}
+
+class Defects : public ::testing::TestWithParam<std::string> {
+ protected:
+  const Defect& defect = *samples::findDefect(GetParam());
+  const Expected& expected = expectations().at(GetParam());
+};
+
+std::vector<std::string> allNames() {
+  std::vector<std::string> names;
+  for (const Defect& defect : samples::defects()) {
+    names.emplace_back(defect.name);
+  }
+  return names;
+}
+
+std::string defectName(const ::testing::TestParamInfo<std::string>& info) {
+  std::string name = info.param;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+TEST_P(Defects, AreFoundAndNothingElseIs) {
+  const auto damaged = makeDefect(defect);
+  const Findings findings =
+      runChecker([&damaged] { return new memory::MemoryProvider(damaged); }, 1);
+  EXPECT_EQ(findings.errors, expected.errors);
+  EXPECT_EQ(findings.warnings, expected.warnings);
+}
+
+TEST_P(Defects, SayWhatTheCheckerFindsFirst) {
+  const Texts& findings = defect.isError ? expected.errors : expected.warnings;
+  ASSERT_FALSE(findings.empty());
+  EXPECT_EQ(findings.front(), defect.finding);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Defects, ::testing::ValuesIn(allNames()), defectName);
+
+TEST(DefectList, HasNoNameTwiceAndDamagesKnownSamples) {
+  std::set<std::string> known;
+  for (const Defect& defect : samples::defects()) {
+    EXPECT_TRUE(known.insert(defect.name).second) << defect.name;
+    EXPECT_EQ(samples::findDefect(defect.name), &defect);
+    EXPECT_NE(samples::findSample(defect.sample), nullptr) << defect.name;
+    EXPECT_EQ(samples::findSample(defect.name), nullptr) << defect.name;
+  }
+  EXPECT_EQ(samples::findDefect("box"), nullptr);
+}
+
+// --- The catalogue of messages ------------------------------------------------------------------
+
+/// One entry of the page: its message, "<...>" standing for any text, and all that is said of it.
+struct Entry {
+  std::string message;
+  bool isError = false;
+  std::string body;
+};
+
+std::vector<Entry> entriesOfPage() {
+  std::ifstream page(VELTO_MESSAGES_PAGE);
+  std::vector<Entry> entries;
+  bool isInEntry = false;
+  for (std::string line; std::getline(page, line);) {
+    if (line.compare(0, 5, "### `") == 0) {
+      entries.push_back({line.substr(5, line.size() - 6), false, ""});
+      isInEntry = true;
+    } else if (line.compare(0, 3, "## ") == 0) {
+      isInEntry = false;
+    } else if (isInEntry) {
+      Entry& entry = entries.back();
+      entry.isError = entry.isError || line.compare(0, 6, "error,") == 0;
+      entry.body += line + "\n";
+    }
+  }
+  return entries;
+}
+
+/// Whether a text is that message, any text standing for each "<...>".
+bool fits(const std::string& text, const std::string& message) {
+  const std::string any = "<...>";
+  const std::size_t gap = message.find(any);
+  const std::string head = message.substr(0, gap);
+  if (gap == std::string::npos || text.compare(0, gap, head) != 0) {
+    return text == message;
+  }
+  const std::string tail = message.substr(gap + any.size());
+  for (std::size_t end = gap; end <= text.size(); ++end) {
+    if (fits(text.substr(end), tail)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Whether a recorded finding is that message, whatever its step.
+bool isOf(const Defect& defect, const Entry& entry) {
+  const std::string finding = defect.finding;
+  const std::string separator = " : ";
+  return defect.isError == entry.isError &&
+         fits(finding.substr(finding.find(separator) + separator.size()), entry.message);
+}
+
+/// Messages about files that are no case, about failures inside the library, and those that the
+/// page says are never given.
+const std::set<std::string>& notFromACase() {
+  static const std::set<std::string> kMessages = {
+      "Error: No such file / unreadable",
+      "Not a ORV file (cannot setup provider)",
+      "Error reading ORV file",
+      "ORV - <...>",
+      "checkMessageState - internal error - null ref",
+      "Not a OrvFileIO source - cannot check version number",
+      "Cell zone [<...>] with ORV Post Polyhedral connectivity in <...>.",
+  };
+  return kMessages;
+}
+
+TEST(MessagesPage, NamesADefectForEachMessageThatACaseCanProvoke) {
+  const std::vector<Entry> entries = entriesOfPage();
+  ASSERT_FALSE(entries.empty());
+  for (const Entry& entry : entries) {
+    std::string seeIt;
+    for (const Defect& defect : samples::defects()) {
+      if (isOf(defect, entry)) {
+        EXPECT_EQ(seeIt, "") << "two defects for one message";
+        seeIt = std::string("See it: `orv sample --defect ") + defect.name + " FILE`.\n";
+      }
+    }
+    EXPECT_EQ(seeIt.empty(), notFromACase().count(entry.message) == 1) << entry.message;
+    const std::size_t named = entry.body.find("See it:");
+    EXPECT_EQ(named == std::string::npos ? "" : entry.body.substr(named, seeIt.size()), seeIt)
+        << entry.message;
+  }
+}
+
+TEST(MessagesPage, HasAnEntryForEachDefect) {
+  const std::vector<Entry> entries = entriesOfPage();
+  for (const Defect& defect : samples::defects()) {
+    EXPECT_EQ(std::count_if(entries.begin(), entries.end(),
+                            [&defect](const Entry& entry) { return isOf(defect, entry); }),
+              1)
+        << defect.name;
+  }
+}
+
+}  // namespace
+}  // namespace velto::testing
