@@ -26,6 +26,9 @@ class Buffer {
     return values_.data();
   }
 
+  /// Gives the memory back.
+  void release() { values_ = {}; }
+
  private:
   std::vector<Value> values_;
 };
@@ -49,6 +52,7 @@ class MeshCopy {
                  n);
       to_.writeCoordinates(zone, values, n);
     }
+    values_.release();
   }
 
   void copyCounted(Family family) {
@@ -151,7 +155,33 @@ class MeshCopy {
   Buffer<short> counts_;
 };
 
+/// Bytes of the values of a family.
+std::uint64_t bytesOf(MeshArrays& from, Family family, std::size_t valueSize) {
+  std::uint64_t values = 0;
+  for (const int zone : from.zones(family)) {
+    values += from.valueCount(family, zone);
+  }
+  return values * valueSize;
+}
+
 }  // namespace
+
+std::uint64_t bytesOfMesh(MeshArrays& from) {
+  std::uint64_t bytes = bytesOf(from, Family::nodeCoordinates, sizeof(double));
+  for (const Family family : {Family::cellNodes, Family::faceNodes, Family::faceCell0,
+                              Family::faceCell1, Family::faceShadows, Family::cellFaces}) {
+    bytes += bytesOf(from, family, sizeof(std::uint64_t));
+  }
+  for (const Family family : {Family::cellTypes, Family::cellPartitions}) {
+    bytes += bytesOf(from, family, sizeof(int));
+  }
+  for (const Family family : {Family::cellNodes, Family::faceNodes, Family::cellFaces}) {
+    for (const int zone : from.zones(family)) {
+      bytes += from.countCount(family, zone) * sizeof(short);
+    }
+  }
+  return bytes;
+}
 
 void copyMesh(MeshArrays& from, MeshArraySink& to) {
   MeshCopy copy(from, to);

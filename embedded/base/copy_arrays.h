@@ -5,6 +5,7 @@
 #ifndef VELTO_EMBEDDED_BASE_COPY_ARRAYS_H
 #define VELTO_EMBEDDED_BASE_COPY_ARRAYS_H
 
+#include <cstdint>
 #include <vector>
 
 #include "embedded/base/CaseTables.h"
@@ -16,6 +17,9 @@ namespace velto::base {
 /// nothing is judged. Needs memory for the longest array of a zone. A failure of either side is an
 /// exception (CaseError).
 void copyMesh(MeshArrays& from, MeshArraySink& to);
+
+/// Bytes of all arrays that copyMesh() would carry, for progress.
+std::uint64_t bytesOfMesh(MeshArrays& from);
 
 /// Copies the field data of a mesh, for these phases, in the same way.
 void copyResults(MeshArrays& from, const std::vector<Phase>& phases, MeshArraySink& to);

@@ -13,6 +13,8 @@
 #include <cstring>
 #include <optional>
 
+#include "embedded/base/Progress.h"
+
 namespace velto::store {
 
 namespace {
@@ -176,6 +178,13 @@ class PackedWriter : public RowWriter {
 
 }  // namespace
 
+void WriteProgress::add(std::uint64_t bytes) {
+  done += bytes;
+  if (expected > 0) {
+    base::reportProgress(what, done, expected);
+  }
+}
+
 RowRun RowWriter::append(const void* values, std::uint64_t rows) {
   RowRun run{rows_, rows, 0};
   if (rows == 0) {
@@ -189,6 +198,9 @@ RowRun RowWriter::append(const void* values, std::uint64_t rows) {
     const std::size_t bytes = static_cast<std::size_t>(count) * rowSize_;
     checksum_.add(next, bytes);
     put(next, count);
+    if (progress_ != nullptr) {
+      progress_->add(bytes);
+    }
     next += bytes;
   }
   rows_ += rows;

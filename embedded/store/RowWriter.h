@@ -24,6 +24,15 @@ struct RowRun {
   std::uint64_t checksum = 0;
 };
 
+/// How far the writing of a file has come.
+struct WriteProgress {
+  std::string what;            ///< "writing case.orv"
+  std::uint64_t done = 0;      ///< Bytes.
+  std::uint64_t expected = 0;  ///< 0 if nobody knows: then nothing is reported.
+
+  void add(std::uint64_t bytes);
+};
+
 /// Appends to a dataset that appears in its group when there is something to write. Holds back a
 /// few megabytes at most. Failures are CaseErrors.
 class RowWriter {
@@ -35,6 +44,9 @@ class RowWriter {
   /// Says how many rows will probably come in all. It may be wrong: then values are moved once
   /// more.
   virtual void plan(std::uint64_t rows) = 0;
+
+  /// Tells `progress`, which outlives the writer, of each block that is appended.
+  void reportTo(WriteProgress& progress) { progress_ = &progress; }
 
   /// Values belong to the caller.
   RowRun append(const void* values, std::uint64_t rows);
@@ -55,6 +67,7 @@ class RowWriter {
   std::size_t rowSize_;
   std::uint64_t rows_ = 0;
   Checksum checksum_;
+  WriteProgress* progress_ = nullptr;
 };
 
 /// Writes a contiguous dataset. `group` outlives it; `room` is the number of bytes that a plan may

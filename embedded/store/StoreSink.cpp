@@ -8,6 +8,7 @@
 
 #include "embedded/base/CaseError.h"
 #include "embedded/store/case_tables.h"
+#include "embedded/store/claims.h"
 
 namespace velto::store {
 
@@ -55,6 +56,7 @@ void StoreSink::write(const ArrayKey& key, int zone, const void* values, std::si
   if (n > 0 && array.writer == nullptr) {
     array.writer = makeWriter(key);
     array.writer->plan(array.planned);
+    array.writer->reportTo(settings_.progress);
   }
   const RowRun run = n == 0 ? RowRun{} : array.writer->append(values, n);
   rows.isUniform = 0;
@@ -210,6 +212,19 @@ void StoreSink::writeVariable(const VariableKey& key, int zone, const double* va
 }
 
 // --- The end ------------------------------------------------------------------------------------
+
+void StoreSink::requireJustified() const {
+  std::uint64_t rows = 0;
+  for (const auto& array : arrays_) {
+    for (const ZoneRows& zone : array.second.zones) {
+      rows += zone.rows;
+    }
+  }
+  const auto mesh = tables_.meshes.find(key_);
+  if (mesh != tables_.meshes.end()) {
+    store::requireJustified(group_.where(), mesh->second, rows);
+  }
+}
 
 const std::vector<FileRange>& StoreSink::finish() {
   closeArrays();

@@ -25,6 +25,7 @@ struct WriteSettings {
   unsigned compression = 0;  ///< 0 to 9.
   std::uint64_t room = 0;    ///< Free bytes on the disk.
   Packer packer;
+  WriteProgress progress;
 };
 
 /// Writes values as they come and keeps, for the tables at the end, which rows belong to whom.
@@ -39,6 +40,10 @@ class StoreSink : public base::MeshArraySink {
   /// Closes the arrays that were written; no more values may come for them. The memory that they
   /// took is free again.
   void closeArrays();
+
+  /// Throws CaseError if the tables claim more than the arrays can speak of: a reader would refuse
+  /// the file.
+  void requireJustified() const;
 
   /// Closes the arrays and writes the tables. Returns the parts of the file that hold values.
   const std::vector<FileRange>& finish();

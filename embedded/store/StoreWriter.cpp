@@ -56,6 +56,7 @@ StoreWriter::StoreWriter(std::string file, OrvDataClass dataClass, unsigned comp
   }
   settings_.compression = compression;
   settings_.room = roomBeside(file_);
+  settings_.progress.what = "writing " + file_;
   temporary_ = temporaryName(file_);
   hdf5_ = Hdf5File::create(temporary_, file_);
 }
@@ -95,6 +96,9 @@ std::vector<FileRange> StoreWriter::writeTables() {
   }
   std::vector<FileRange> values;
   for (auto& sink : sinks_) {
+    if (dataClass_ == dataClassCase) {
+      sink.second->requireJustified();
+    }
     const std::vector<FileRange>& ranges = sink.second->finish();
     values.insert(values.end(), ranges.begin(), ranges.end());
   }

@@ -34,6 +34,9 @@ class StoreWriter {
   OrvDataClass dataClass() const { return dataClass_; }
   const std::string& file() const { return file_; }
 
+  /// Says how many bytes of values will come in all, so that progress can be reported.
+  void expect(std::uint64_t bytes) { settings_.progress.expected = bytes; }
+
   /// Where the arrays of a mesh go. Those of the mesh before are closed.
   base::MeshArraySink& sink(const base::MeshKey& key);
 
