@@ -32,6 +32,15 @@ const std::vector<int>& MeshTables::idsOf(OrvZoneCategory category) const {
   return found == zoneIds.end() ? kNone : found->second;
 }
 
+std::vector<int> MeshTables::sortedZones() const {
+  std::vector<int> ids;
+  for (const auto& zone : zones) {
+    ids.push_back(zone.first);
+  }
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
 ZoneRecord& MeshTables::addZone(OrvZoneCategory category, int zoneId, const std::string& name,
                                 std::uint64_t count) {
   const OrvMeshSizeType total = countOf(category);

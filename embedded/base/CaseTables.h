@@ -62,6 +62,9 @@ struct MeshTables {
   /// The ids of a category, in their order.
   const std::vector<int>& idsOf(OrvZoneCategory category) const;
 
+  /// The ids of all zones that have a record, in ascending order.
+  std::vector<int> sortedZones() const;
+
   /// Adds a zone behind the zones of its category: its elements follow theirs, its dimension is the
   /// mesh's, and the mesh's count grows by its own.
   ZoneRecord& addZone(OrvZoneCategory category, int zoneId, const std::string& name,

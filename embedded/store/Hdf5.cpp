@@ -360,7 +360,9 @@ std::vector<std::int32_t> Group::readIntegers(const std::string& name) const {
         return handleOf(H5Tcopy(H5T_STD_I32LE), H5Tclose);
       });
   std::vector<std::int32_t> values(bytes.size() / sizeof(std::int32_t));
-  std::memcpy(values.data(), bytes.data(), bytes.size());
+  if (!values.empty()) {
+    std::memcpy(values.data(), bytes.data(), bytes.size());
+  }
   return values;
 }
 
@@ -373,7 +375,9 @@ std::string Group::readString(const std::string& name) const {
         return handleOf(H5Tcopy(fileType), H5Tclose);
       });
   std::string text(bytes.size(), '\0');
-  std::memcpy(text.data(), bytes.data(), bytes.size());
+  if (!text.empty()) {
+    std::memcpy(text.data(), bytes.data(), bytes.size());
+  }
   return text;
 }
 

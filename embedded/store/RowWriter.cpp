@@ -25,6 +25,10 @@ constexpr std::size_t kBlockBytes = std::size_t{1} << 19U;
 /// Arrays of no more bytes stay contiguous: a list of chunks costs more than packing saves.
 constexpr std::size_t kSmallestPackedBytes = 4096;
 
+/// A plan is believed up to so many times of what is there: more than that would be a large hole in
+/// the file if it was wrong.
+constexpr std::uint64_t kMostTrust = 64;
+
 /// What a contiguous writer holds back.
 constexpr std::size_t kHeldBytes = std::size_t{8} << 20U;
 
@@ -34,7 +38,9 @@ class ContiguousWriter : public RowWriter {
       : RowWriter(type), group_(group), name_(std::move(name)), type_(type), room_(room) {}
 
   void plan(std::uint64_t rows) override {
-    planned_ = rows <= room_ / rowSize() ? rows : 0;  // a plan beyond the disk is none
+    // A plan beyond the disk is none, and neither is one beyond any file of HDF5.
+    constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 60U;
+    planned_ = rows <= std::min(room_, kMostBytes) / rowSize() ? rows : 0;
   }
 
   std::vector<FileRange> finish() override {
@@ -57,7 +63,7 @@ class ContiguousWriter : public RowWriter {
       held_.insert(held_.end(), values, values + bytes);
       return;
     }
-    makeRoom(heldRows() + written_ + rows, planned_);
+    makeRoom(rowsComing(), std::min(planned_, kMostTrust * rowsComing()));
     write(values, rows);
   }
 
@@ -190,6 +196,7 @@ RowRun RowWriter::append(const void* values, std::uint64_t rows) {
   if (rows == 0) {
     return run;
   }
+  rows_ += rows;
   const auto* next = static_cast<const std::byte*>(values);
   const std::uint64_t blockRows = kBlockBytes / rowSize_;
   checksum_.restart();
@@ -203,7 +210,6 @@ RowRun RowWriter::append(const void* values, std::uint64_t rows) {
     }
     next += bytes;
   }
-  rows_ += rows;
   run.checksum = checksum_.value();
   return run;
 }

@@ -63,9 +63,12 @@ class RowWriter {
 
   std::size_t rowSize() const { return rowSize_; }
 
+  /// All rows up to the end of what is being appended.
+  std::uint64_t rowsComing() const { return rows_; }
+
  private:
   std::size_t rowSize_;
-  std::uint64_t rows_ = 0;
+  std::uint64_t rows_ = 0;  // with those that are being appended
   Checksum checksum_;
   WriteProgress* progress_ = nullptr;
 };

@@ -85,10 +85,6 @@ void StoreArrays::addRows(const Group& group, const ZoneRows& rows) {
   }
   array.zones.push_back(rows);
   allRows_ += rows.rows;
-  if (rows.array == Array::field &&
-      claimsTooMuch(fields_[static_cast<std::size_t>(rows.field)].valuesPerEntity, 1, rows.rows)) {
-    throw CaseError(group.where("fields") + ": too many values for each element");
-  }
 }
 
 void StoreArrays::openReader(const Group& group, const ZoneRows& rows, ArrayState& array) {
@@ -117,6 +113,24 @@ void StoreArrays::requireJustified(const base::MeshTables& tables) const {
                         std::to_string(rows.zone) + " claim " + std::to_string(rows.value) +
                         " ids each, but the arrays hold " + std::to_string(allRows_) +
                         " numbers in all");
+      }
+    }
+  }
+}
+
+void StoreArrays::requireJustifiedFields(const base::MeshTables& tables) const {
+  for (const auto& array : arrays_) {
+    if (array.first.first != Array::field) {
+      continue;
+    }
+    const Field& field = fields_[static_cast<std::size_t>(array.first.second)];
+    for (const ZoneRows& rows : array.second.zones) {
+      const std::uint64_t elements = tables.zoneSize(rows.zone, zoneElementCount);
+      if (claimsTooMuch(std::max<std::uint64_t>(elements, 1), field.valuesPerEntity, rows.rows)) {
+        throw CaseError(where_ + "/fields: " + std::to_string(elements) + " elements of zone " +
+                        std::to_string(rows.zone) + " claim " +
+                        std::to_string(field.valuesPerEntity) + " values each of " +
+                        field.key.name + ", but it holds " + std::to_string(rows.rows));
       }
     }
   }

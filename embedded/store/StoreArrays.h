@@ -38,6 +38,9 @@ class StoreArrays : public base::MeshArrays {
   /// a caller allocates by them has to be justified by the file.
   void requireJustified(const base::MeshTables& tables) const;
 
+  /// The same of field data alone, which is all that a results file holds.
+  void requireJustifiedFields(const base::MeshTables& tables) const;
+
   std::vector<int> zones(base::Family family) override;
   std::vector<int> treeChildZones() override;
   bool uniformCount(base::Family family, int zone, short& count) override;

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "embedded/base/CaseError.h"
+#include "embedded/base/OrvBaseState.h"
 #include "embedded/store/StoreArrays.h"
 #include "embedded/store/case_tables.h"
 #include "embedded/store/seal.h"
@@ -74,6 +75,7 @@ void openMesh(const Group& group, OrvDataClass dataClass, const std::shared_ptr<
   if (dataClass == dataClassCase) {
     arrays->requireJustified(tables);
   }
+  arrays->requireJustifiedFields(tables);
   if (!opened.tables.meshes.emplace(key, std::move(tables)).second) {
     throw CaseError(group.where() + ": another mesh has the same id, target and partition");
   }
@@ -109,6 +111,25 @@ OpenedStore openStore(const std::string& name, OrvDataClass dataClass) {
   return opened;
 }
 
+/// Throws if the zones of results have other sizes than those of the case that they are opened
+/// behind: callers go by the case.
+void requireSameZones(const std::string& name, const base::CaseTables& results,
+                      const base::CaseTables& served) {
+  for (const auto& mesh : results.meshes) {
+    const auto found = served.meshes.find(mesh.first);
+    for (const int zone : mesh.second.sortedZones()) {
+      const std::uint64_t elements = mesh.second.zoneSize(zone, zoneElementCount);
+      const std::uint64_t there =
+          found == served.meshes.end() ? elements : found->second.zoneSize(zone, zoneElementCount);
+      if (elements != there) {
+        throw CaseError(name + ": the results belong to another case, zone " +
+                        std::to_string(zone) + " has " + std::to_string(elements) +
+                        " elements there and " + std::to_string(there) + " here");
+      }
+    }
+  }
+}
+
 }  // namespace
 
 bool isStore(const std::string& file) {
@@ -130,6 +151,7 @@ bool isStore(const std::string& file) {
 void StoreProvider::open(const std::string& fileName, OrvDataClass dataClass) {
   OpenedStore opened = openStore(fileName, dataClass);
   if (dataClass == dataClassResults) {
+    requireSameZones(fileName, opened.tables, base::coreOf(*this).tables);
     serveResults(std::move(opened.tables), std::move(opened.arrays));
   } else {
     serve(std::move(opened.tables), std::move(opened.arrays));

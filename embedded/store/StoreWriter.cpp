@@ -6,7 +6,6 @@
 
 #include <atomic>
 #include <filesystem>
-#include <limits>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -34,12 +33,12 @@ std::string temporaryName(const std::string& file) {
   return name;
 }
 
-/// Free bytes on the disk of a file; without end if that cannot be told.
+/// Free bytes on the disk of a file; none if that cannot be told, so that nothing is planned.
 std::uint64_t roomBeside(const std::string& file) {
   std::error_code failed;
   const fs::path folder = fs::path(file).parent_path();
   const fs::space_info space = fs::space(folder.empty() ? fs::path(".") : folder, failed);
-  return failed ? std::numeric_limits<std::uint64_t>::max() : space.available;
+  return failed ? 0 : space.available;
 }
 
 }  // namespace
@@ -58,7 +57,12 @@ StoreWriter::StoreWriter(std::string file, OrvDataClass dataClass, unsigned comp
   settings_.room = roomBeside(file_);
   settings_.progress.what = "writing " + file_;
   temporary_ = temporaryName(file_);
-  hdf5_ = Hdf5File::create(temporary_, file_);
+  try {
+    hdf5_ = Hdf5File::create(temporary_, file_);
+  } catch (...) {  // HDF5 may have made the file before it failed
+    fs::remove(temporary_, ignored);
+    throw;
+  }
 }
 
 StoreWriter::~StoreWriter() {

@@ -4,8 +4,6 @@
 
 #include "embedded/store/claims.h"
 
-#include <algorithm>
-
 #include "embedded/base/CaseError.h"
 
 namespace velto::store {
@@ -31,11 +29,10 @@ void requireJustified(const std::string& where, const base::MeshTables& tables,
   require(tables.size(meshNodeCount), 1, "nodes");
   require(tables.size(meshFaceCount), 1, "faces");
   require(tables.size(meshCellCount), 1, "cells");
-  for (const auto& zone : tables.zones) {
-    const std::uint64_t elements = zone.second.sizes[zoneElementCount].value_or(0);
-    const std::uint64_t dimension = zone.second.sizes[zoneDimension].value_or(1);
-    require(elements, std::max<std::uint64_t>(dimension, 1),
-            "elements of zone " + std::to_string(zone.first));
+  for (const int zone : tables.sortedZones()) {
+    const std::uint64_t dimension = tables.zoneSize(zone, zoneDimension);
+    require(tables.zoneSize(zone, zoneElementCount), dimension == 0 ? 3 : dimension,
+            "elements of zone " + std::to_string(zone));
   }
 }
 

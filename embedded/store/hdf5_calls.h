@@ -40,6 +40,13 @@ inline std::string hdf5Reason() {
     return 0;
   };
   H5Ewalk2(H5E_DEFAULT, H5E_WALK_UPWARD, first, &reason);
+  // Where the system refused something, its own words say all; HDF5 puts addresses around them.
+  const std::string before = "error message = '";
+  const std::size_t begin = reason.find(before);
+  if (begin != std::string::npos) {
+    const std::size_t words = begin + before.size();
+    return reason.substr(words, reason.find('\'', words) - words);
+  }
   return reason.empty() ? "HDF5 gives no reason" : reason;
 }
 

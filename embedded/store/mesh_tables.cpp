@@ -2,8 +2,6 @@
 //
 // The sizes and zones of one mesh.
 
-#include <algorithm>
-
 #include "embedded/store/case_tables.h"
 
 namespace velto::store {
@@ -107,19 +105,13 @@ void writeMeshTables(Group& mesh, const MeshKey& key, const MeshTables& tables, 
   if (tables.units) {
     mesh.setText("units", *tables.units);
   }
-  std::vector<int> ids;
-  for (const auto& zone : tables.zones) {
-    ids.push_back(zone.first);
-  }
-  std::sort(ids.begin(), ids.end());
-
   std::vector<ZoneRow> zones;
   std::vector<ListRow> rows;
   ListWriter lists;
   for (const auto& category : tables.zoneIds) {
     lists.add(rows, {List::zoneIds, category.first}, category.second);
   }
-  for (const int id : ids) {
+  for (const int id : tables.sortedZones()) {
     const ZoneRecord& zone = tables.zones.at(id);
     zones.push_back(rowOf(id, zone, texts));
     addLists(rows, lists, id, zone);
