@@ -20,12 +20,29 @@ class FormulaArrays : public base::MeshArrays {
   std::vector<int> treeChildZones() override { return {}; }
   int partitionInfo(int) override { return 0; }
   std::size_t readCellPartitions(int, int*, std::size_t) override { return 0; }
-  std::size_t readCellTypes(int, int*, std::size_t) override { return 0; }
+
+  /// The cells of a zone have one type, and what has one count is read as that count over and over.
+  std::size_t readCellTypes(int zone, int* types, std::size_t n) override {
+    int type = 0;
+    return uniformCellType(zone, type) ? repeat(type, types, n) : 0;
+  }
+  std::size_t readCounts(base::Family family, int zone, short* counts, std::size_t n) override {
+    short count = 0;
+    return uniformCount(family, zone, count) ? repeat(count, counts, n) : 0;
+  }
+
   std::vector<std::string> variableNames(short, OrvZoneCategory) override { return {}; }
   std::size_t variableZones(const base::VariableKey&, std::vector<int>&) override { return 0; }
   std::size_t variableValueCount(const base::VariableKey&, int) override { return 0; }
   std::size_t readVariable(const base::VariableKey&, int, double*, std::size_t) override {
     return 0;
+  }
+
+ private:
+  template <class Value>
+  static std::size_t repeat(Value value, Value* values, std::size_t n) {
+    std::fill_n(values, n, value);
+    return n;
   }
 };
 

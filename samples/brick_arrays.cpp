@@ -176,12 +176,19 @@ std::size_t BrickArrays::valueCount(Family family, int zone) {
 }
 
 bool BrickArrays::uniformCellType(int zone, int& type) {
+  if (zone != BrickMesh::kCellZone) {
+    return false;
+  }
   type = base::cellShapePolyhedron;
-  return zone == BrickMesh::kCellZone;
+  return true;
 }
 
 std::size_t BrickArrays::readCounts(Family family, int zone, short* counts, std::size_t n) {
-  return deliver(countCount(family, zone), counts, n, [&](short* out) {
+  const std::size_t size = countCount(family, zone);
+  if (size == 0) {
+    return FormulaArrays::readCounts(family, zone, counts, n);
+  }
+  return deliver(size, counts, n, [&](short* out) {
     const bool isOfCells = family == Family::cellFaces;
     const bool isInside = zone == BrickMesh::kFirstFaceZone + BrickMesh::inside;
     std::uint64_t fronts = 1;

@@ -131,7 +131,6 @@ class GridArrays : public FormulaArrays {
 
   std::vector<int> zones(Family family) override;
   bool uniformCount(Family family, int zone, short& count) override;
-  std::size_t readCounts(Family, int, short*, std::size_t) override { return 0; }
   std::size_t countCount(Family, int) override { return 0; }
   std::size_t valueCount(Family family, int zone) override;
   std::size_t readIds(Family family, int zone, std::uint64_t* ids, std::size_t n) override;
