@@ -84,6 +84,7 @@ void StoreArrays::addRows(const Group& group, const ZoneRows& rows) {
                     " lists zone " + std::to_string(rows.zone) + " twice");
   }
   array.zones.push_back(rows);
+  array.isVerified.push_back(false);
   allRows_ += rows.rows;
 }
 
@@ -165,11 +166,19 @@ std::size_t StoreArrays::rowsOf(const ArrayKey& key, int zone) const {
 }
 
 std::size_t StoreArrays::read(const ArrayKey& key, int zone, void* values, std::size_t n) {
-  const ZoneRows* rows = find(key, zone);
+  const auto found = arrays_.find(key);
+  const ZoneRows* rows = found == arrays_.end() ? nullptr : found->second.find(zone);
   if (rows == nullptr || rows->rows == 0) {
     return 0;
   }
-  return arrays_.at(key).reader->read({rows->first, rows->rows, rows->checksum}, values, n);
+  ArrayState& array = found->second;
+  const auto position = static_cast<std::size_t>(rows - array.zones.data());
+  const auto trust =
+      array.isVerified[position] ? RowReader::Trust::isVerified : RowReader::Trust::none;
+  const std::size_t delivered =
+      array.reader->read({rows->first, rows->rows, rows->checksum}, trust, values, n);
+  array.isVerified[position] = true;
+  return delivered;
 }
 
 // --- Families -----------------------------------------------------------------------------------

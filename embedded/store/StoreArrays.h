@@ -65,6 +65,7 @@ class StoreArrays : public base::MeshArrays {
     std::vector<layout::ZoneRows> zones;
     std::unordered_map<int, std::size_t> positions;
     std::unique_ptr<RowReader> reader;  ///< Null if no zone has rows.
+    std::vector<bool> isVerified;       ///< Of each zone, once its rows were read and fit.
 
     const layout::ZoneRows* find(int zone) const;
   };

@@ -61,7 +61,8 @@ class RowWriters : public ::testing::Test {
     store::RowReader reader(std::move(dataset), NumberType::uint64, raw, buffers);
     for (const RowRun& run : runs_) {
       std::vector<std::uint64_t> read(run.rows);
-      EXPECT_EQ(reader.read(run, read.data(), read.size()), read.size());
+      EXPECT_EQ(reader.read(run, store::RowReader::Trust::none, read.data(), read.size()),
+                read.size());
       EXPECT_TRUE(std::equal(read.begin(), read.end(),
                              values_.begin() + static_cast<std::ptrdiff_t>(run.first)))
           << "run of " << run.rows << " rows at " << run.first;
