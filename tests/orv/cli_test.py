@@ -401,6 +401,36 @@ class WrittenSamples(CommandLine):
             self.assertEqual(self.orv("check", "--strict", "--level", "2", file),
                              (0, f"{file}: sound (0 errors, 0 warnings)\n", ""))
 
+    def test_are_shown_with_the_results_beside_them(self):
+        self.orv("sample", "results", "flow.orv", "--cells", "8")
+        status, out, err = self.orv("info", "flow.orv")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(out.splitlines()[:3],
+                         ["flow.orv",
+                          "  version 1.0.0, solver type VELTO_GENERIC, no location model",
+                          "  results in flow.orvr"])
+        shown = json.loads(self.orv("info", "--json", "flow.orv")[1])["files"][0]
+        self.assertEqual((shown["results"], shown["phases"]), ("flow.orvr", ["water", "air"]))
+        self.assertEqual(shown["meshes"][0]["variables"][1],
+                         {"phase": "water", "on": "node", "name": "velocity",
+                          "valuesPerElement": 3, "zones": [1]})
+
+    def test_are_shown_without_results_that_cannot_be_read(self):
+        self.orv("sample", "results", "cut.orv", "--cells", "8")
+        file = os.path.join(self.folder.name, "cut.orvr")
+        with open(file, "r+b") as results:
+            results.truncate(1000)
+        status, out, err = self.orv("info", "cut.orv")
+        self.assertEqual((status, out.splitlines()[0]), (2, "cut.orv"))
+        self.assertRegex(err, r"^Error: cut\.orvr: the file is cut, it has 1000 of \d+ bytes\n$")
+
+    def test_are_told_apart_from_their_results(self):
+        self.orv("sample", "results", "whole.orv", "--cells", "8")
+        self.assertEqual(self.orv("check", "whole.orvr"), (
+            2, "whole.orvr: not checked (2 errors, 0 warnings)\n",
+            "Error: : Error reading ORV file\n"
+            "Error: : ORV - whole.orvr: the file holds the results of a case and no case\n"))
+
     def test_have_the_defect_that_they_are_named_after(self):
         for row in json.loads(self.orv("sample", "--list", "--json")[1])["defects"]:
             file = f"{row['name']}.orv"

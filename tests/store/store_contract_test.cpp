@@ -23,15 +23,6 @@ std::unique_ptr<OrvFileProvider> writtenAndOpened(const cases::CasePtr& source) 
   return opened(folder.path());
 }
 
-/// What the contract has no operations to write.
-Deviations ofACopy() {
-  Deviations deviations;
-  deviations.withoutCellFaces = true;
-  deviations.withoutShadowFaces = true;
-  deviations.withoutFaceTree = true;
-  return deviations;
-}
-
 INSTANTIATE_TEST_SUITE_P(Saved, ProviderContract,
                          ::testing::ValuesIn(contractTests({"Saved", savedAndOpened<0>, {}})),
                          contractTestName);
