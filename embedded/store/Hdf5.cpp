@@ -241,6 +241,14 @@ std::optional<std::uint64_t> Group::count(const std::string& name) const {
   std::uint64_t value = 0;
   hdf5(where(name), "cannot be read",
        [&] { return H5Aread(opened->attribute.id(), H5T_NATIVE_UINT64, &value); });
+  if (value == 0 && H5Tget_sign(opened->type.id()) == H5T_SGN_2) {  // HDF5 makes 0 of less
+    std::int64_t exact = 0;
+    hdf5(where(name), "cannot be read",
+         [&] { return H5Aread(opened->attribute.id(), H5T_NATIVE_INT64, &exact); });
+    if (exact < 0) {
+      throw CaseError(where(name) + ": a number below zero");
+    }
+  }
   return value;
 }
 

@@ -102,11 +102,9 @@ OpenedStore openStore(const std::string& name, OrvDataClass dataClass) {
   } else {
     opened.tables.locationModel = readLocationModel(root);
   }
-  if (root.has("meshes")) {
-    const Group meshes = root.openGroup("meshes");
-    for (int i = 0; meshes.has(std::to_string(i)); ++i) {
-      openMesh(meshes.openGroup(std::to_string(i)), dataClass, file, opened);
-    }
+  const std::uint64_t meshes = requireCount(root, "meshes");
+  for (std::uint64_t i = 0; i < meshes; ++i) {
+    openMesh(root.openGroup("meshes/" + std::to_string(i)), dataClass, file, opened);
   }
   return opened;
 }

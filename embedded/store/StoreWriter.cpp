@@ -108,6 +108,7 @@ std::vector<FileRange> StoreWriter::writeTables() {
   }
   Group root = hdf5_->root();
   writeHeader(root, tables_, dataClass_);
+  root.setCount("meshes", sinks_.size());
   writeSettings(root, tables_, dataClass_);
   if (dataClass_ == dataClassResults) {
     writeResultTables(root, tables_);

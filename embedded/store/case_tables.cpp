@@ -87,6 +87,7 @@ void writeSettings(Group& root, const base::CaseTables& tables, OrvDataClass dat
       rows.push_back({path, texts.add(entry.first), texts.add(entry.second)});
     }
   }
+  root.setCount("settings", rows.empty() ? 0 : 1);
   if (!rows.empty()) {
     Group group = root.makeGroup("settings");
     writeRows(group, "entries", layout::settingTable(), rows);
@@ -95,7 +96,7 @@ void writeSettings(Group& root, const base::CaseTables& tables, OrvDataClass dat
 }
 
 void readSettings(const Group& root, OrvDataClass dataClass, base::CaseTables& tables) {
-  if (!root.has("settings")) {
+  if (requireCount(root, "settings") == 0) {
     return;
   }
   const Group group = root.openGroup("settings");

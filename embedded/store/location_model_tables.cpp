@@ -158,6 +158,7 @@ class ModelReader {
 }  // namespace
 
 void writeLocationModel(Group& root, const OrvLocationModel* model) {
+  root.setCount("locationModel", model == nullptr ? 0 : 1);
   if (model != nullptr) {
     Group group = root.makeGroup("locationModel");
     ModelWriter(State::of(*model)).write(group);
@@ -165,7 +166,7 @@ void writeLocationModel(Group& root, const OrvLocationModel* model) {
 }
 
 std::shared_ptr<const OrvLocationModel> readLocationModel(const Group& root) {
-  if (!root.has("locationModel")) {
+  if (requireCount(root, "locationModel") == 0) {
     return nullptr;
   }
   const Group group = root.openGroup("locationModel");

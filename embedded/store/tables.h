@@ -17,18 +17,37 @@
 
 namespace velto::store {
 
+/// A number that has to be there.
+inline std::uint64_t requireCount(const Group& group, const std::string& attribute) {
+  const auto count = group.count(attribute);
+  if (!count) {
+    throw base::CaseError(group.where(attribute) + ": the attribute is missing");
+  }
+  return *count;
+}
+
+/// The attribute beside a table that says how many rows it has.
+inline std::string rowsAttribute(const std::string& table) { return table + ".rows"; }
+
 template <class Row>
 void writeRows(Group& group, const std::string& name, const TableType& type,
                const std::vector<Row>& rows) {
+  group.setCount(rowsAttribute(name), rows.size());
   group.writeTable(name, type, rows.data(), rows.size());
 }
 
+/// Throws CaseError if there are not as many rows as were written.
 template <class Row>
 std::vector<Row> readRows(const Group& group, const std::string& name, const TableType& type) {
   const std::vector<std::byte> bytes = group.readTable(name, type);
   std::vector<Row> rows(bytes.size() / sizeof(Row));
   if (!rows.empty()) {
     std::memcpy(rows.data(), bytes.data(), bytes.size());
+  }
+  const std::uint64_t written = requireCount(group, rowsAttribute(name));
+  if (rows.size() != written) {
+    throw base::CaseError(group.where(name) + ": " + std::to_string(rows.size()) +
+                          " rows are there, " + std::to_string(written) + " were written");
   }
   return rows;
 }

@@ -42,7 +42,7 @@ void expectTheSameInFiles(const samples::Sample& sample) {
 
 TEST(SamplesInFiles, ReadTheSame) {
   for (const samples::SampleInfo& info : samples::samples()) {
-    for (const std::uint64_t cells : {1, 700}) {
+    for (const std::uint64_t cells : {1U, 700U}) {
       SCOPED_TRACE(std::string(info.name) + " of " + std::to_string(cells));
       expectTheSameInFiles(info.make(cells));
     }
