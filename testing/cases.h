@@ -6,6 +6,7 @@
 #ifndef VELTO_TESTING_CASES_H
 #define VELTO_TESTING_CASES_H
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -66,7 +67,7 @@ CasePtr withPartitions();
 /// A case of this header by its name.
 struct NamedCase {
   std::string name;
-  CasePtr (*make)() = nullptr;
+  std::function<CasePtr()> make;
 };
 
 /// All of them; rowOfBodies() with three.
