@@ -20,14 +20,14 @@ class Buffer {
  public:
   Value* room(std::size_t n) {
     if (n > values_.size()) {
-      values_ = {};  // what it holds need not be moved
+      release();  // what it holds need not be moved
       values_.resize(n);
     }
     return values_.data();
   }
 
   /// Gives the memory back.
-  void release() { values_ = {}; }
+  void release() { std::vector<Value>().swap(values_); }
 
  private:
   std::vector<Value> values_;

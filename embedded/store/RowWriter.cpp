@@ -83,7 +83,7 @@ class ContiguousWriter : public RowWriter {
     if (!dataset_) {
       dataset_ = group_.makeDataset(name_, type_, std::max(needed, wanted), 0);
       write(held_.data(), heldRows());
-      held_ = {};
+      std::vector<std::byte>().swap(held_);  // gives its memory back
     }
   }
 
