@@ -5,6 +5,8 @@
 #ifndef VELTO_DATA_ACCESS_FAMILIES_H
 #define VELTO_DATA_ACCESS_FAMILIES_H
 
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "data_access/OrvProvider.h"
@@ -17,8 +19,47 @@ struct ReadFamily {
   void (OrvProvider::*end)();
 };
 
-inline constexpr ReadFamily kCellNodes = {&OrvProvider::beginCellNodes, &OrvProvider::endCellNodes};
-inline constexpr ReadFamily kCellFaces = {&OrvProvider::beginCellFaces, &OrvProvider::endCellFaces};
+/// A family whose elements list ids: first how many each, one number for a whole zone or one an
+/// element, then the lists of a zone one after the other.
+struct CountedReadFamily : ReadFamily {
+  void (OrvProvider::*beginCounts)();
+  bool (OrvProvider::*getUniformCount)(int zoneId, short& count);
+  void (OrvProvider::*readCounts)(int zoneId, short* counts, std::size_t n);
+  void (OrvProvider::*endCounts)();
+  void (OrvProvider::*beginIds)();
+  void (OrvProvider::*readIds)(int zoneId, std::uint64_t* ids, std::size_t n);
+  void (OrvProvider::*endIds)();
+};
+
+inline constexpr CountedReadFamily kFaceNodes = {
+    {&OrvProvider::beginFaceNodes, &OrvProvider::endFaceNodes},
+    &OrvProvider::beginFaceNodeCounts,
+    &OrvProvider::getUniformFaceNodeCount,
+    &OrvProvider::readFaceNodeCounts,
+    &OrvProvider::endFaceNodeCounts,
+    &OrvProvider::beginFaceNodeIds,
+    &OrvProvider::readFaceNodeIds,
+    &OrvProvider::endFaceNodeIds};
+
+inline constexpr CountedReadFamily kCellNodes = {
+    {&OrvProvider::beginCellNodes, &OrvProvider::endCellNodes},
+    &OrvProvider::beginCellNodeCounts,
+    &OrvProvider::getUniformCellNodeCount,
+    &OrvProvider::readCellNodeCounts,
+    &OrvProvider::endCellNodeCounts,
+    &OrvProvider::beginCellNodeIds,
+    &OrvProvider::readCellNodeIds,
+    &OrvProvider::endCellNodeIds};
+
+inline constexpr CountedReadFamily kCellFaces = {
+    {&OrvProvider::beginCellFaces, &OrvProvider::endCellFaces},
+    &OrvProvider::beginCellFaceCounts,
+    &OrvProvider::getUniformCellFaceCount,
+    &OrvProvider::readCellFaceCounts,
+    &OrvProvider::endCellFaceCounts,
+    &OrvProvider::beginCellFaceIds,
+    &OrvProvider::readCellFaceIds,
+    &OrvProvider::endCellFaceIds};
 
 /// The zones that carry a family, in the provider's order. Opens the family and closes it at once;
 /// REQUIRES: no family is open.

@@ -38,6 +38,12 @@ class FormulaArrays : public base::MeshArrays {
     return 0;
   }
 
+ protected:
+  bool isListed(base::Family family, int zone) {
+    const std::vector<int> listed = zones(family);
+    return std::find(listed.begin(), listed.end(), zone) != listed.end();
+  }
+
  private:
   template <class Value>
   static std::size_t repeat(Value value, Value* values, std::size_t n) {

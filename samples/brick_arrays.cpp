@@ -142,17 +142,15 @@ bool BrickArrays::uniformCount(Family family, int zone, short& count) {
 }
 
 std::size_t BrickArrays::countCount(Family family, int zone) {
-  const std::vector<int> listed = zones(family);
   short count = 0;
-  const bool isCounted = std::find(listed.begin(), listed.end(), zone) != listed.end() &&
+  const bool isCounted = isListed(family, zone) &&
                          (family == Family::faceNodes || family == Family::cellFaces) &&
                          !uniformCount(family, zone, count);
   return isCounted ? zoneSize(zone) : 0;
 }
 
 std::size_t BrickArrays::valueCount(Family family, int zone) {
-  const std::vector<int> listed = zones(family);
-  if (std::find(listed.begin(), listed.end(), zone) == listed.end()) {
+  if (!isListed(family, zone)) {
     return 0;
   }
   switch (family) {

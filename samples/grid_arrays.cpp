@@ -146,7 +146,6 @@ class GridArrays : public FormulaArrays {
                            std::size_t n) override;
 
  private:
-  bool isListed(Family family, int zone);
   const GridFaceZone* faceZone(int zone) const;
   const GridCellZone* cellZone(int zone) const;
   const LinearField* field(const VariableKey& key) const;
@@ -182,11 +181,6 @@ std::vector<int> GridArrays::zones(Family family) {
     zones.push_back(GridMesh::kNodeZone);
   }
   return zones;
-}
-
-bool GridArrays::isListed(Family family, int zone) {
-  const std::vector<int> listed = zones(family);
-  return std::find(listed.begin(), listed.end(), zone) != listed.end();
 }
 
 const GridFaceZone* GridArrays::faceZone(int zone) const {
@@ -327,11 +321,8 @@ std::vector<std::string> GridArrays::variableNames(short phase, OrvZoneCategory 
 }
 
 const LinearField* GridArrays::field(const VariableKey& key) const {
-  const auto found =
-      std::find_if(mesh_.fields.begin(), mesh_.fields.end(), [&key](const LinearField& one) {
-        return one.key.phase == key.phase && one.key.category == key.category &&
-               one.key.name == key.name;
-      });
+  const auto found = std::find_if(mesh_.fields.begin(), mesh_.fields.end(),
+                                  [&key](const LinearField& one) { return one.key == key; });
   return found == mesh_.fields.end() ? nullptr : &*found;
 }
 

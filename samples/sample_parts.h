@@ -52,8 +52,7 @@ struct TwoBodies {
 };
 TwoBodies twoBodiesMesh(std::uint64_t cells);
 
-// The samples: one_body_samples.cpp, two_body_samples.cpp, physics_sample.cpp,
-// polyhedra_sample.cpp.
+// The samples: one_body_samples.cpp, two_body_samples.cpp, physics_sample.cpp, BrickMesh.cpp.
 Sample makeBox(std::uint64_t cells);
 Sample makeBoxCells(std::uint64_t cells);
 Sample makePost(std::uint64_t cells);

@@ -27,6 +27,10 @@ struct VariableKey {
   short phase = 0;
   OrvZoneCategory category = zoneCategoryNode;
   std::string name;
+
+  friend bool operator==(const VariableKey& a, const VariableKey& b) {
+    return a.phase == b.phase && a.category == b.category && a.name == b.name;
+  }
 };
 
 /// The bulk arrays of one mesh, target and partition, read zone by zone. A CaseProvider stands in

@@ -130,8 +130,7 @@ struct ListRow {
 };
 const TableType& listTable();
 
-// --- Settings, phases and variables
-// ---------------------------------------------------------------
+// --- Settings, phases and variables -------------------------------------------------------------
 
 /// One row of "entries" of the group "settings".
 struct SettingRow {
@@ -158,8 +157,7 @@ struct AttributeRow {
 };
 const TableType& attributeTable();
 
-// --- Location model
-// -------------------------------------------------------------------------------
+// --- Location model -----------------------------------------------------------------------------
 
 /// The objects of a location model; one row of "objects", in the order of their ids, which count up
 /// from 1. What `owner`, `face` and `side` mean goes by the kind.

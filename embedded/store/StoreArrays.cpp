@@ -267,10 +267,8 @@ std::size_t StoreArrays::readCellPartitions(int zone, int* partitions, std::size
 // --- Field data ---------------------------------------------------------------------------------
 
 std::int32_t StoreArrays::fieldNumber(const VariableKey& key) const {
-  const auto found = std::find_if(fields_.begin(), fields_.end(), [&key](const Field& field) {
-    return field.key.phase == key.phase && field.key.category == key.category &&
-           field.key.name == key.name;
-  });
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [&key](const Field& field) { return field.key == key; });
   return found == fields_.end() ? -1 : static_cast<std::int32_t>(found - fields_.begin());
 }
 

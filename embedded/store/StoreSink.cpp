@@ -178,10 +178,8 @@ void StoreSink::setTreeChildZones(const std::vector<int>& zones) {
 // --- Field data ---------------------------------------------------------------------------------
 
 std::int32_t StoreSink::fieldNumber(const VariableKey& key) {
-  const auto found = std::find_if(fields_.begin(), fields_.end(), [&key](const Field& field) {
-    return field.key.phase == key.phase && field.key.category == key.category &&
-           field.key.name == key.name;
-  });
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [&key](const Field& field) { return field.key == key; });
   const auto number = found - fields_.begin();
   if (found == fields_.end()) {
     fields_.push_back({key, 1});

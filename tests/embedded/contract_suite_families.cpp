@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+#include "data_access/families.h"
+
 #include "tests/embedded/contract_suite.h"
 
 namespace velto::testing {
@@ -21,57 +23,6 @@ template <class Value>
 std::vector<Value> valuesOf(const Slice<Value>& slice) {
   return {slice.begin(), slice.end()};
 }
-
-/// The operations of a family with counts.
-struct CountedFamily {
-  const char* name;
-  void (OrvProvider::*begin)(std::vector<int>&);
-  void (OrvProvider::*beginCounts)();
-  bool (OrvProvider::*uniform)(int, short&);
-  void (OrvProvider::*readCounts)(int, short*, std::size_t);
-  void (OrvProvider::*endCounts)();
-  void (OrvProvider::*beginIds)();
-  void (OrvProvider::*readIds)(int, std::uint64_t*, std::size_t);
-  void (OrvProvider::*endIds)();
-  void (OrvProvider::*end)();
-  const ZoneList<CountedData> MeshData::*data;
-};
-
-const CountedFamily kFaceNodes = {"face nodes",
-                                  &OrvProvider::beginFaceNodes,
-                                  &OrvProvider::beginFaceNodeCounts,
-                                  &OrvProvider::getUniformFaceNodeCount,
-                                  &OrvProvider::readFaceNodeCounts,
-                                  &OrvProvider::endFaceNodeCounts,
-                                  &OrvProvider::beginFaceNodeIds,
-                                  &OrvProvider::readFaceNodeIds,
-                                  &OrvProvider::endFaceNodeIds,
-                                  &OrvProvider::endFaceNodes,
-                                  &MeshData::faceNodes};
-
-const CountedFamily kCellNodes = {"cell nodes",
-                                  &OrvProvider::beginCellNodes,
-                                  &OrvProvider::beginCellNodeCounts,
-                                  &OrvProvider::getUniformCellNodeCount,
-                                  &OrvProvider::readCellNodeCounts,
-                                  &OrvProvider::endCellNodeCounts,
-                                  &OrvProvider::beginCellNodeIds,
-                                  &OrvProvider::readCellNodeIds,
-                                  &OrvProvider::endCellNodeIds,
-                                  &OrvProvider::endCellNodes,
-                                  &MeshData::cellNodes};
-
-const CountedFamily kCellFaces = {"cell faces",
-                                  &OrvProvider::beginCellFaces,
-                                  &OrvProvider::beginCellFaceCounts,
-                                  &OrvProvider::getUniformCellFaceCount,
-                                  &OrvProvider::readCellFaceCounts,
-                                  &OrvProvider::endCellFaceCounts,
-                                  &OrvProvider::beginCellFaceIds,
-                                  &OrvProvider::readCellFaceIds,
-                                  &OrvProvider::endCellFaceIds,
-                                  &OrvProvider::endCellFaces,
-                                  &MeshData::cellFaces};
 
 /// Gives the cells of each cell zone the faces that name them, as faces of their own.
 void addCellFaces(memory::Case& target) {
@@ -94,26 +45,25 @@ void addCellFaces(memory::Case& target) {
 }
 
 /// Reads a family by its protocol and compares it with the arrays of the case.
-void expectCounted(OrvFileProvider& provider, const CountedFamily& family, const MeshTables& mesh,
-                   const MeshData& data) {
-  const ZoneList<CountedData>& list = data.*family.data;
+void expectCounted(OrvFileProvider& provider, const CountedReadFamily& family,
+                   const MeshTables& mesh, const ZoneList<CountedData>& list) {
   std::vector<int> zones = {98, 99};
   (provider.*family.begin)(zones);
-  EXPECT_EQ(zones, list.zones()) << family.name;
+  EXPECT_EQ(zones, list.zones());
   (provider.*family.beginCounts)();
   for (const int zone : zones) {
     const CountedData& expected = *list.find(zone);
     const std::size_t n = mesh.zoneSize(zone, zoneElementCount);
     short count = 0;
     std::vector<short> counts(n, 0);
-    if ((provider.*family.uniform)(zone, count)) {
+    if ((provider.*family.getUniformCount)(zone, count)) {
       counts.assign(n, count);
     } else {
       (provider.*family.readCounts)(zone, counts.data(), n);
     }
     EXPECT_EQ(counts, expected.uniform ? std::vector<short>(n, *expected.uniform)
                                        : valuesOf(expected.counts))
-        << family.name << " of zone " << zone;
+        << "zone " << zone;
   }
   (provider.*family.endCounts)();
   (provider.*family.beginIds)();
@@ -123,7 +73,7 @@ void expectCounted(OrvFileProvider& provider, const CountedFamily& family, const
     (provider.*family.readIds)(zone, ids.data(), ids.size() - 1);
     std::vector<std::uint64_t> expected = valuesOf(list.find(zone)->ids);
     expected.push_back(kGuard);
-    EXPECT_EQ(ids, expected) << family.name << " of zone " << zone;
+    EXPECT_EQ(ids, expected) << "zone " << zone;
   }
   (provider.*family.endIds)();
   (provider.*family.end)();
@@ -131,14 +81,14 @@ void expectCounted(OrvFileProvider& provider, const CountedFamily& family, const
 
 TEST_P(ProviderContract, ReadsFaceNodes) {
   forEachMesh([this](const MeshTables& mesh, const MeshData& data) {
-    expectCounted(provider(), kFaceNodes, mesh, data);
+    expectCounted(provider(), kFaceNodes, mesh, data.faceNodes);
   });
   expectNoMessages();
 }
 
 TEST_P(ProviderContract, ReadsCellNodes) {
   forEachMesh([this](const MeshTables& mesh, const MeshData& data) {
-    expectCounted(provider(), kCellNodes, mesh, data);
+    expectCounted(provider(), kCellNodes, mesh, data.cellNodes);
   });
   expectNoMessages();
 }
@@ -146,7 +96,7 @@ TEST_P(ProviderContract, ReadsCellNodes) {
 TEST_P(ProviderContract, ReadsCellFaces) {
   addCellFaces(*source);
   forEachMesh([this](const MeshTables& mesh, const MeshData& data) {
-    expectCounted(provider(), kCellFaces, mesh, data);
+    expectCounted(provider(), kCellFaces, mesh, data.cellFaces);
   });
   expectNoMessages();
 }
@@ -365,7 +315,7 @@ TEST_P(ProviderContract, ServesAFamilyAgainAfterOneThatStayedOpen) {
     std::vector<int> zones;
     provider().beginFaceCell0(zones);
     provider().beginCellTypes(zones);
-    expectCounted(provider(), kFaceNodes, mesh, data);
+    expectCounted(provider(), kFaceNodes, mesh, data.faceNodes);
   });
 }
 

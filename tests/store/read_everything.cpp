@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The families as data, and one reader that goes through them mesh by mesh. Buffers are as long as
-// the provider's own sizes make them.
+// One reader that goes through all families mesh by mesh. Buffers are as long as the provider's own
+// sizes make them.
 
 #include "tests/store/read_everything.h"
 
@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "data_access/OrvLocationModel.h"
+#include "data_access/families.h"
 
 #include "embedded/store/Checksum.h"
 
@@ -19,34 +20,6 @@ namespace {
 
 /// No case of these tests justifies a longer buffer.
 constexpr std::uint64_t kMostBytes = std::uint64_t{256} << 20U;
-
-/// The operations of a family with counts.
-struct CountedReads {
-  const char* name;
-  void (OrvProvider::*begin)(std::vector<int>&);
-  void (OrvProvider::*beginCounts)();
-  bool (OrvProvider::*uniform)(int, short&);
-  void (OrvProvider::*readCounts)(int, short*, std::size_t);
-  void (OrvProvider::*endCounts)();
-  void (OrvProvider::*beginIds)();
-  void (OrvProvider::*readIds)(int, std::uint64_t*, std::size_t);
-  void (OrvProvider::*endIds)();
-  void (OrvProvider::*end)();
-};
-
-constexpr CountedReads kCountedReads[] = {
-    {"face nodes", &OrvProvider::beginFaceNodes, &OrvProvider::beginFaceNodeCounts,
-     &OrvProvider::getUniformFaceNodeCount, &OrvProvider::readFaceNodeCounts,
-     &OrvProvider::endFaceNodeCounts, &OrvProvider::beginFaceNodeIds, &OrvProvider::readFaceNodeIds,
-     &OrvProvider::endFaceNodeIds, &OrvProvider::endFaceNodes},
-    {"cell nodes", &OrvProvider::beginCellNodes, &OrvProvider::beginCellNodeCounts,
-     &OrvProvider::getUniformCellNodeCount, &OrvProvider::readCellNodeCounts,
-     &OrvProvider::endCellNodeCounts, &OrvProvider::beginCellNodeIds, &OrvProvider::readCellNodeIds,
-     &OrvProvider::endCellNodeIds, &OrvProvider::endCellNodes},
-    {"cell faces", &OrvProvider::beginCellFaces, &OrvProvider::beginCellFaceCounts,
-     &OrvProvider::getUniformCellFaceCount, &OrvProvider::readCellFaceCounts,
-     &OrvProvider::endCellFaceCounts, &OrvProvider::beginCellFaceIds, &OrvProvider::readCellFaceIds,
-     &OrvProvider::endCellFaceIds, &OrvProvider::endCellFaces}};
 
 constexpr OrvZoneCategory kCategories[] = {zoneCategoryNode, zoneCategoryFace, zoneCategoryCell};
 
@@ -222,9 +195,9 @@ class EverythingReader {
       }
     }
     readCoordinates();
-    for (const CountedReads& family : kCountedReads) {
-      readCounted(family);
-    }
+    readCounted("face nodes", kFaceNodes);
+    readCounted("cell nodes", kCellNodes);
+    readCounted("cell faces", kCellFaces);
     readFaceCells();
     readByElement();
     readCellTypes();
@@ -275,24 +248,24 @@ class EverythingReader {
     provider_.endNodeCoordinates();
   }
 
-  void readCounted(const CountedReads& family) {
+  void readCounted(const std::string& name, const CountedReadFamily& family) {
     std::vector<int> zones;
     (provider_.*family.begin)(zones);
-    line(family.name, listText(zones));
+    line(name, listText(zones));
     (provider_.*family.beginCounts)();
     std::vector<std::uint64_t> lengths;
     for (const int zone : zones) {
       short uniform = 0;
-      if ((provider_.*family.uniform)(zone, uniform)) {
-        line(family.name, "all", uniform);
-        lengths.push_back(buffer<std::uint64_t>(family.name, zone, elementsOf(zone),
-                                                static_cast<std::uint64_t>(uniform))
-                              .size());
+      if ((provider_.*family.getUniformCount)(zone, uniform)) {
+        line(name, "all", uniform);
+        lengths.push_back(
+            buffer<std::uint64_t>(name, zone, elementsOf(zone), static_cast<std::uint64_t>(uniform))
+                .size());
         continue;
       }
-      auto counts = buffer<short>(family.name, zone, elementsOf(zone), 1);
+      auto counts = buffer<short>(name, zone, elementsOf(zone), 1);
       (provider_.*family.readCounts)(zone, counts.data(), counts.size());
-      arrayLine(std::string(family.name) + ", counts", zone, counts);
+      arrayLine(name + ", counts", zone, counts);
       std::uint64_t length = 0;
       for (const short count : counts) {
         length += count < 0 ? 0 : static_cast<std::uint64_t>(count);
@@ -302,9 +275,9 @@ class EverythingReader {
     (provider_.*family.endCounts)();
     (provider_.*family.beginIds)();
     for (std::size_t i = 0; i < zones.size(); ++i) {
-      auto ids = buffer<std::uint64_t>(family.name, zones[i], lengths[i], 1);
+      auto ids = buffer<std::uint64_t>(name, zones[i], lengths[i], 1);
       (provider_.*family.readIds)(zones[i], ids.data(), ids.size());
-      arrayLine(family.name, zones[i], ids);
+      arrayLine(name, zones[i], ids);
     }
     (provider_.*family.endIds)();
     (provider_.*family.end)();

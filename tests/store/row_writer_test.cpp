@@ -21,9 +21,10 @@ using store::NumberType;
 using store::RowRun;
 using store::Storage;
 
-constexpr std::uint64_t kHeldRows = std::uint64_t{1} << 20U;   // of 8 bytes: what is held back
-constexpr std::uint64_t kChunkRows = std::uint64_t{1} << 15U;  // of 8 bytes: a chunk
-constexpr std::uint64_t kSmallRows = 512;                      // of 8 bytes: never packed
+// Rows of 8 bytes: as many as are held back, as a chunk has, and as are never packed.
+constexpr std::uint64_t kHeldRows = std::uint64_t{1} << 20U;
+constexpr std::uint64_t kChunkRows = store::kChunkBytes / sizeof(std::uint64_t);
+constexpr std::uint64_t kSmallRows = 512;
 constexpr std::uint64_t kAnyRoom = std::numeric_limits<std::uint64_t>::max();
 
 /// What a file may take beside its rows.
