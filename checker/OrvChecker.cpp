@@ -166,6 +166,7 @@ bool OrvChecker::checkCase(const std::string& fileName) {
   if (!checkORVErrors()) {
     return false;
   }
+  checkTopologyModel();
   std::vector<int> meshIds;
   openProvider()->getMeshIds(meshIds, dataClassCase);
   std::set<int> targetsMet;
@@ -263,7 +264,8 @@ bool OrvChecker::checkSelected() {
     return true;
   }
   return checkMeshSize() && checkMeshConnectivity() &&
-         passAll({&OrvChecker::checkCellZoneConnectivityTypes, &OrvChecker::checkNodeZones,
+         passAll({&OrvChecker::checkPhysicsToMeshMapUsingTopologyModel,
+                  &OrvChecker::checkCellZoneConnectivityTypes, &OrvChecker::checkNodeZones,
                   &OrvChecker::checkFaceZones, &OrvChecker::checkCellZones});
 }
 

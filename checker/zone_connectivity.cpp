@@ -20,7 +20,7 @@
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
 
-#include "checker/ZoneIdList.h"
+#include "checker/IdList.h"
 #include "checker/connectivity_kinds.h"
 
 namespace velto {
@@ -29,12 +29,6 @@ namespace {
 
 /// The value of cellZoneCellType for polyhedra.
 constexpr int kPolyhedral = 7;
-
-ZoneIdList zonesOf(OrvBase& source, OrvZoneCategory category) {
-  std::vector<int> ids;
-  source.getZoneIds(category, ids);
-  return ZoneIdList(std::move(ids));
-}
 
 /// "<name> [<id>]"
 std::string labelOf(const OrvBase& source, int zone) {
@@ -59,8 +53,8 @@ bool OrvChecker::checkMeshConnectivity() {
   displayStep("checkMeshConnectivity", "init");
   OrvFileProvider* source = openProvider();
   const bool restart = source->getTarget() == targetRestart;
-  const ZoneIdList cellZones = zonesOf(*source, zoneCategoryCell);
-  const ZoneIdList faceZones = zonesOf(*source, zoneCategoryFace);
+  const IdList cellZones = zonesOf(*source, zoneCategoryCell);
+  const IdList faceZones = zonesOf(*source, zoneCategoryFace);
   displayStep("checkMeshConnectivity", "getCellFaceZoneIds");
   for (const int zone : cellZones) {
     if (!checkBoundingFaceZones(zone, faceZones, restart)) {
@@ -78,7 +72,7 @@ bool OrvChecker::checkMeshConnectivity() {
   return true;
 }
 
-bool OrvChecker::checkBoundingFaceZones(int zone, const ZoneIdList& faceZones, bool restart) {
+bool OrvChecker::checkBoundingFaceZones(int zone, const IdList& faceZones, bool restart) {
   OrvFileProvider* source = openProvider();
   std::list<int> bounding;
   source->getCellFaceZoneIds(zone, bounding);
@@ -112,7 +106,7 @@ bool OrvChecker::checkBoundingFaceZones(int zone, const ZoneIdList& faceZones, b
   return true;
 }
 
-bool OrvChecker::checkSideCellZones(int zone, int side, const ZoneIdList& cellZones, bool restart) {
+bool OrvChecker::checkSideCellZones(int zone, int side, const IdList& cellZones, bool restart) {
   OrvFileProvider* source = openProvider();
   std::list<int> bounded;
   if (side == 0) {
@@ -152,8 +146,8 @@ bool OrvChecker::checkCellZoneConnectivityTypes() {
   OrvFileProvider* source = openProvider();
   std::vector<int> cellZones;
   source->getZoneIds(zoneCategoryCell, cellZones);
-  const ZoneIdList nodeZones(listZones(*source, kCellNodes));
-  const ZoneIdList faceZones(listZones(*source, kCellFaces));
+  const IdList nodeZones(listZones(*source, kCellNodes));
+  const IdList faceZones(listZones(*source, kCellFaces));
   const bool restart = source->getTarget() == targetRestart;
   // Kept: resized and not cleared, so that a walk begins from the kinds of the one before.
   cellZoneConnectivityTypes.resize(cellZones.size());

@@ -22,7 +22,7 @@
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
 
-#include "checker/ZoneIdList.h"
+#include "checker/IdList.h"
 #include "checker/connectivity_kinds.h"
 
 namespace velto {
@@ -84,9 +84,9 @@ bool OrvChecker::checkFaceZones() {
     if (verbosity > 1) {
       std::cout << "  Face zones count: " << faces.ids.size() << std::endl;
     }
-    const ZoneIdList treeZones(listTreeParents(*openProvider()));
+    const IdList treeZones(listTreeParents(*openProvider()));
     checkZoneCommonAttributes(faces.ids, faces.nmax, "Face");
-    const ZoneIdList known(faces.ids);
+    const IdList known(faces.ids);
     for (const int zone : known) {
       checkFaceZone(zone, faces.dimension, known, treeZones);
     }
@@ -109,7 +109,7 @@ bool OrvChecker::checkCellZones() {
       std::cout << "  Cell zones count: " << cells.ids.size() << std::endl;
     }
     checkZoneCommonAttributes(cells.ids, cells.nmax, "Cell");
-    const ZoneIdList known(cells.ids);
+    const IdList known(cells.ids);
     for (std::size_t i = 0; i < cells.ids.size(); ++i) {
       // Kept harmless: a list that grew since the zones were classified has zones of no kind.
       const int kind =
@@ -194,8 +194,8 @@ bool OrvChecker::checkZoneRanges(std::vector<std::pair<int, int>> ranges, const 
 
 // --- Face zones ---------------------------------------------------------------------------------
 
-void OrvChecker::checkFaceZone(int zone, std::uint64_t dimension, const ZoneIdList& known,
-                               const ZoneIdList& treeZones) {
+void OrvChecker::checkFaceZone(int zone, std::uint64_t dimension, const IdList& known,
+                               const IdList& treeZones) {
   OrvFileProvider* source = openProvider();
   std::uint64_t ownDimension = 0;
   int faceType = 0;
@@ -250,7 +250,7 @@ void OrvChecker::checkFaceZone(int zone, std::uint64_t dimension, const ZoneIdLi
   checkShadowLink(zone, shadow, known);
 }
 
-void OrvChecker::checkShadowLink(int zone, int shadow, const ZoneIdList& known) {
+void OrvChecker::checkShadowLink(int zone, int shadow, const IdList& known) {
   if (shadow == 0) {
     return;
   }
@@ -267,7 +267,7 @@ void OrvChecker::checkShadowLink(int zone, int shadow, const ZoneIdList& known) 
 
 // --- Cell zones ---------------------------------------------------------------------------------
 
-void OrvChecker::checkCellZone(int zone, std::uint64_t dimension, const ZoneIdList& known,
+void OrvChecker::checkCellZone(int zone, std::uint64_t dimension, const IdList& known,
                                int connectivity) {
   OrvFileProvider* source = openProvider();
   std::uint64_t ownDimension = 0;

@@ -25,6 +25,9 @@ namespace velto {
 ///
 /// Queries that answer false (an unknown id, nothing of that kind) leave their output alone; lists
 /// that they fill are replaced. Changes that answer false have changed nothing.
+///
+/// The four tools never ask for the name of a part, the faces of a part or the name of a face: a
+/// data-access library that serves the tools alone can leave these three out.
 class OrvLocationModel {
  public:
   /// What the data-access library keeps behind a model; declared here, defined by each library.
@@ -70,7 +73,9 @@ class OrvLocationModel {
 
   /// Replaces `ids` by the ids of all parts. A model without parts counts as no model.
   void getParts(std::vector<int>& ids) const;
+  bool getPartName(int partId, std::string& name) const;
   bool getPartBodies(int partId, std::vector<int>& ids) const;
+  bool getPartFaces(int partId, std::vector<int>& ids) const;
   bool getPartFaceUses(int partId, std::vector<int>& ids) const;
   bool getPartComposites(int partId, std::vector<int>& ids) const;
 
@@ -84,6 +89,7 @@ class OrvLocationModel {
 
   // --- Faces and face uses ----------------------------------------------------------------------
 
+  bool getFaceName(int faceId, std::string& name) const;
   /// For each side of the face the face use that holds it, 0 for an empty side.
   bool getFaceSides(int faceId, int& side0, int& side1) const;
   /// The name that setFaceUseName gave, empty if none was given.

@@ -61,6 +61,9 @@ inline constexpr CountedReadFamily kCellFaces = {
     &OrvProvider::readCellFaceIds,
     &OrvProvider::endCellFaceIds};
 
+inline constexpr ReadFamily kFaceCell0 = {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0};
+inline constexpr ReadFamily kFaceCell1 = {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1};
+
 /// The zones that carry a family, in the provider's order. Opens the family and closes it at once;
 /// REQUIRES: no family is open.
 inline std::vector<int> listZones(OrvProvider& provider, const ReadFamily& family) {

@@ -70,6 +70,36 @@ struct OrvLocationModel::State {
     std::vector<int> faceUses;
   };
 
+  // The operations of the model, as OrvLocationModel has them.
+  void createPart(int kind, const std::string& name, int& partId);
+  bool createBody(int partId, const std::string& name, int& bodyId);
+  bool createFace(int partId, const std::string& name, int& faceId);
+  bool createFaceUse(int bodyId, int faceId, int side, int& faceUseId);
+  bool setBodyZones(int bodyId, int meshId, const std::vector<int>& zones);
+  bool setFaceUseZoneSides(int faceUseId, int meshId, const std::vector<int>& sides);
+  bool setFaceUseName(int faceUseId, const std::string& name);
+  bool findBody(int partId, const std::string& name, int& id) const;
+  bool findComposite(int partId, const std::string& name, int& id) const;
+  bool findFace(int partId, const std::string& name, int& id) const;
+  bool findFaceUse(int partId, const std::string& name, int& id) const;
+  void getParts(std::vector<int>& ids) const;
+  bool getPartName(int partId, std::string& name) const;
+  bool getPartBodies(int partId, std::vector<int>& ids) const;
+  bool getPartFaces(int partId, std::vector<int>& ids) const;
+  bool getPartFaceUses(int partId, std::vector<int>& ids) const;
+  bool getPartComposites(int partId, std::vector<int>& ids) const;
+  bool getBodyName(int bodyId, std::string& name) const;
+  bool getBodyBoundary(int bodyId, std::vector<int>& ids) const;
+  bool getBodyZones(int bodyId, int meshId, std::vector<int>& zones) const;
+  bool getFaceName(int faceId, std::string& name) const;
+  bool getFaceSides(int faceId, int& side0, int& side1) const;
+  bool getFaceUseName(int faceUseId, std::string& name) const;
+  bool getFaceUseRelativeName(int faceUseId, std::string& name) const;
+  bool getFaceUseZoneSides(int faceUseId, int meshId, std::vector<int>& sides) const;
+  bool getCompositeName(int compositeId, std::string& name) const;
+  bool resolveComposite(int compositeId, std::vector<int>& bodyIds, std::vector<int>& faceIds,
+                        std::vector<int>& faceUseIds) const;
+
   int lastId = 0;
   std::map<int, Part> parts;
   std::map<int, Body> bodies;

@@ -20,7 +20,7 @@
 
 namespace velto {
 
-class ZoneIdList;
+class IdList;
 
 /// Validates a case file and keeps what it finds as two lists of texts.
 ///
@@ -112,8 +112,8 @@ class VELTO_EXPORT OrvChecker {
 
   // zone_connectivity.cpp: which zones bound which, and how the cells of each are described
   bool checkMeshConnectivity();
-  bool checkBoundingFaceZones(int zone, const ZoneIdList& faceZones, bool restart);
-  bool checkSideCellZones(int zone, int side, const ZoneIdList& cellZones, bool restart);
+  bool checkBoundingFaceZones(int zone, const IdList& faceZones, bool restart);
+  bool checkSideCellZones(int zone, int side, const IdList& cellZones, bool restart);
   bool checkCellZoneConnectivityTypes();
   int addCellFaces(int zone, int kind);
   int judgeConnectivity(int zone, int kind, bool restart);
@@ -127,10 +127,53 @@ class VELTO_EXPORT OrvChecker {
   bool checkZoneCommonAttributes(std::vector<int> zoneIds, std::uint64_t nmax,
                                  const std::string& kind);
   bool checkZoneRanges(std::vector<std::pair<int, int>> ranges, const std::string& kind);
-  void checkFaceZone(int zone, std::uint64_t dimension, const ZoneIdList& known,
-                     const ZoneIdList& treeZones);
-  void checkShadowLink(int zone, int shadow, const ZoneIdList& known);
-  void checkCellZone(int zone, std::uint64_t dimension, const ZoneIdList& known, int connectivity);
+  void checkFaceZone(int zone, std::uint64_t dimension, const IdList& known,
+                     const IdList& treeZones);
+  void checkShadowLink(int zone, int shadow, const IdList& known);
+  void checkCellZone(int zone, std::uint64_t dimension, const IdList& known, int connectivity);
+
+  // location_model_checks.cpp: the location model against the zones of a mesh
+  bool checkTopologyModel();
+  bool checkLocationModel(const OrvLocationModel* model, std::vector<std::string>& bodyNames,
+                          std::vector<std::string>& faceUseNames,
+                          std::vector<std::string>& bulkZoneNames,
+                          std::vector<std::string>& bodyCompositeNames,
+                          std::vector<std::string>& faceUseCompositeNames);
+  bool checkBodies(const OrvLocationModel& model, const std::vector<int>& bodies,
+                   const IdList& cellZones, const IdList& faceZones,
+                   std::vector<std::string>& bodyNames, std::vector<std::string>& bulkZoneNames);
+  bool checkBodyZone(const std::string& body, int zone, const IdList& cellZones,
+                     const IdList& faceZones, std::vector<std::string>& bulkZoneNames);
+  bool checkFaceUses(const OrvLocationModel& model, const std::vector<int>& faceUses,
+                     const IdList& faceZones, std::vector<std::string>& faceUseNames);
+  bool checkComposites(const OrvLocationModel& model, const std::vector<int>& composites,
+                       const IdList& bodies, const IdList& faceUses,
+                       std::vector<std::string>& bodyCompositeNames,
+                       std::vector<std::string>& faceUseCompositeNames);
+
+  // physics_checks.cpp: the physics objects of the settings against the names of the model
+  bool checkPhysicsToMeshMapUsingTopologyModel();
+  bool checkPhysicsAgainst(const OrvLocationModel& model, bool hasPhysics);
+  bool hasPhysicsObjects() const;
+  bool checkPhysicsModel(const std::vector<std::string>& bodyNames,
+                         const std::vector<std::string>& faceUseNames,
+                         const std::vector<std::string>& bulkZoneNames,
+                         const std::vector<std::string>& bodyCompositeNames,
+                         const std::vector<std::string>& faceUseCompositeNames);
+  bool checkDomain(const std::vector<std::string>& domains,
+                   const std::vector<std::string>& volumeLocations);
+  bool checkSubdomain(const std::vector<std::string>& subdomains,
+                      const std::vector<std::string>& domains,
+                      const std::vector<std::string>& volumeLocations);
+  bool checkBoundary(const std::vector<std::string>& boundaries,
+                     const std::vector<std::string>& domains,
+                     const std::vector<std::string>& surfaceLocations);
+  bool checkInterface(const std::vector<std::string>& interfaces,
+                      const std::vector<std::string>& domains,
+                      const std::vector<std::string>& boundaries);
+  bool checkPhysicsObject(const std::string& kind, const std::string& name,
+                          const std::string& attribute, const std::vector<std::string>& validNames,
+                          bool optional);
 
   std::shared_ptr<ProviderSlot> provider;
   int verbosity = 1;

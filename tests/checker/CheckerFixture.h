@@ -23,7 +23,7 @@ namespace velto::testing {
 using Texts = std::vector<std::string>;
 
 /// The step whose name messages carry before the first check of a pass.
-inline const char* const kStepBeforeWalk = "checkSolverType";
+inline const char* const kStepBeforeWalk = "checkTopologyModel";
 
 /// An empty file that is there as long as the object.
 class TemporaryFile {

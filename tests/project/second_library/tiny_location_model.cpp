@@ -139,8 +139,19 @@ bool OrvLocationModel::findFaceUse(int partId, const std::string& name, int& id)
 }
 
 void OrvLocationModel::getParts(std::vector<int>& ids) const { ids = state_->idsOf(kPart, 0); }
+bool OrvLocationModel::getPartName(int partId, std::string& name) const {
+  const State::Object* part = state_->find(partId, kPart);
+  if (part != nullptr) {
+    name = part->name;
+  }
+  return part != nullptr;
+}
 bool OrvLocationModel::getPartBodies(int partId, std::vector<int>& ids) const {
   ids = state_->idsOf(kBody, partId);
+  return true;
+}
+bool OrvLocationModel::getPartFaces(int partId, std::vector<int>& ids) const {
+  ids = state_->idsOf(kFace, partId);
   return true;
 }
 bool OrvLocationModel::getPartFaceUses(int partId, std::vector<int>& ids) const {
@@ -174,6 +185,13 @@ bool OrvLocationModel::getBodyZones(int bodyId, int meshId, std::vector<int>& zo
   return true;
 }
 
+bool OrvLocationModel::getFaceName(int faceId, std::string& name) const {
+  const State::Object* face = state_->find(faceId, kFace);
+  if (face != nullptr) {
+    name = face->name;
+  }
+  return face != nullptr;
+}
 bool OrvLocationModel::getFaceSides(int faceId, int& side0, int& side1) const {
   const State::Object* face = state_->find(faceId, kFace);
   if (face != nullptr) {
