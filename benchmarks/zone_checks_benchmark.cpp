@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// How the cost of the zone checks grows with the number of zones: a row of bodies with a periodic
-// pair each, 10 to 100,000 zones in all, in zones per second. Beside it stands the same pass
-// without any judgement, and one that looks links up by searching plain lists.
+// How the cost of a check at level 1 grows with the number of zones: a row of bodies with a
+// periodic pair each, 10 to 100,000 zones in all, in zones per second; with and without the
+// location model, which is built, and the physics objects on it. Beside it stand the zone checks
+// without any judgement, and with links looked up by searching plain lists.
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -29,12 +30,27 @@ using namespace velto;
 constexpr const char* kFile = "/dev/null";  // any file that can be opened
 constexpr int kZonesOfABody = 5;
 
+/// A domain for each body, and boundaries of it.
+void describePhysics(memory::Case& row, int bodies) {
+  for (int body = 1; body <= bodies; ++body) {
+    const std::string number = std::to_string(body);
+    row.setSetting("domains/body " + number + "/location", "body " + number);
+    for (const char* const kind : {"bottom", "top", "sides"}) {
+      const std::string name = std::string(kind) + " of " + number;
+      row.setSetting("boundaries/" + name + "/location", name);
+      row.setSetting("boundaries/" + name + "/domain", "body " + number);
+    }
+  }
+}
+
 /// The case of a benchmark's argument, made once.
 const testing::cases::CasePtr& caseOf(const benchmark::State& state) {
   static std::map<std::int64_t, testing::cases::CasePtr> made;
   testing::cases::CasePtr& found = made[state.range(0)];
   if (found == nullptr) {
-    found = testing::cases::rowOfBodies(static_cast<int>(state.range(0)) / kZonesOfABody);
+    const int bodies = static_cast<int>(state.range(0)) / kZonesOfABody;
+    found = testing::cases::rowOfBodies(bodies);
+    describePhysics(*found, bodies);
   }
   return found;
 }
@@ -48,17 +64,21 @@ void reportZones(benchmark::State& state) {
   state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
 }
 
-void check(benchmark::State& state) {
+void checkCases(benchmark::State& state, bool noLocationModel) {
   const testing::TestFactory factory = serving(caseOf(state));
   for ([[maybe_unused]] const auto& iteration : state) {
     OrvChecker checker;
     checker.setVerbosity(0);
+    checker.setNoLM(noLocationModel);
     if (!checker.checkCase(kFile) || !checker.getWarnings().empty()) {
       state.SkipWithError("the case is not sound");
     }
   }
   reportZones(state);
 }
+
+void check(benchmark::State& state) { checkCases(state, false); }
+void checkZonesOnly(benchmark::State& state) { checkCases(state, true); }
 
 /// Zones as the checker asks for them; `look` sees each link and the list that it has to be in.
 template <class Look>
@@ -148,6 +168,7 @@ void askAndSearchPlainLists(benchmark::State& state) {
 }
 
 BENCHMARK(check)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(checkZonesOnly)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(askWithoutJudging)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(askAndSearchPlainLists)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
 

@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -200,11 +199,13 @@ bool OrvChecker::checkPhysicsObject(const std::string& kind, const std::string& 
   }
   Names values = entry.asStringVector();
   std::sort(values.begin(), values.end());
-  Names known;
-  // Kept: a value that stands twice in the entry and once among the names is known once, and fails.
-  std::set_intersection(values.begin(), values.end(), validNames.begin(), validNames.end(),
-                        std::back_inserter(known));
-  if (known.size() == values.size()) {
+  // Kept: each name stands for one value only, so that a value which the entry has twice fails.
+  auto next = validNames.begin();
+  const bool areAllKnown = std::all_of(values.begin(), values.end(), [&](const std::string& value) {
+    next = std::lower_bound(next, validNames.end(), value);
+    return next != validNames.end() && *next++ == value;
+  });
+  if (areAllKnown) {
     return true;
   }
   addError(1, "The attribute '" + attribute + "' of '" + name +

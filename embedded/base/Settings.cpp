@@ -4,7 +4,9 @@
 
 #include "embedded/base/Settings.h"
 
+#include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 #include "embedded/base/OrvVariantState.h"
 
@@ -34,15 +36,19 @@ OrvVariant Settings::at(const std::string& path) const {
 
 std::vector<std::string> Settings::namesBelow(const std::string& path) const {
   const std::string prefix = path + "/";
+  std::vector<std::size_t> places;
+  for (auto next = positions_.upper_bound(prefix);
+       next != positions_.end() && next->first.compare(0, prefix.size(), prefix) == 0; ++next) {
+    places.push_back(next->second);
+  }
+  std::sort(places.begin(), places.end());
   std::vector<std::string> names;
   std::unordered_set<std::string> known;
-  for (const auto& entry : entries_) {
-    const std::string& key = entry.first;
-    if (key.size() > prefix.size() && key.compare(0, prefix.size(), prefix) == 0) {
-      std::string name = key.substr(prefix.size(), key.find('/', prefix.size()) - prefix.size());
-      if (known.insert(name).second) {
-        names.push_back(std::move(name));
-      }
+  for (const std::size_t place : places) {
+    const std::string& key = entries_[place].first;
+    std::string name = key.substr(prefix.size(), key.find('/', prefix.size()) - prefix.size());
+    if (known.insert(name).second) {
+      names.push_back(std::move(name));
     }
   }
   return names;

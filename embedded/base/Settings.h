@@ -6,8 +6,8 @@
 #define VELTO_EMBEDDED_BASE_SETTINGS_H
 
 #include <cstddef>
+#include <map>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -37,7 +37,8 @@ class Settings {
   std::vector<std::string> namesBelow(const std::string& path) const;
 
   std::vector<Entry> entries_;
-  std::unordered_map<std::string, std::size_t> positions_;
+  /// Places of the keys in the list. In byte order, so that what stands below a path is a range.
+  std::map<std::string, std::size_t> positions_;
 };
 
 }  // namespace velto::base

@@ -23,7 +23,7 @@ CONTRACT = re.compile(
     r"|velto::OrvUtilities::"
     r"|velto::getData(Provider|Consumer)\()")
 
-# Operations that the checker cannot do without.
+# Operations that the tools cannot do without.
 NEEDED = [
     "velto::getDataProvider(",
     "velto::OrvBase::setMeshId(int)",
@@ -32,6 +32,8 @@ NEEDED = [
     "velto::OrvBase::getZoneSizeInfo(",
     "velto::OrvBase::getCellFaceZoneIds(",
     "velto::OrvVersion::getMajor()",
+    "velto::OrvLocationModel::createFaceUse(int, int, int, int&)",
+    "velto::OrvVariant::asStringVector() const",
 ]
 
 # Mangled names of the standard library, and of the language's own support.
@@ -97,6 +99,8 @@ class Symbols(unittest.TestCase):
         "velto::OrvBase::getZoneSizeInfo(int, velto::OrvZoneSizeType, unsigned long&) const": "U",
         "velto::OrvBase::getCellFaceZoneIds(int, std::list<int>&)": "U",
         "velto::OrvVersion::getMajor()": "U",
+        "velto::OrvLocationModel::createFaceUse(int, int, int, int&)": "U",
+        "velto::OrvVariant::asStringVector() const": "U",
         "velto::OrvChecker::checkCase(std::string const&)": "T",
         "velto::OrvFileIO::~OrvFileIO()": "W",
         "typeinfo for velto::OrvBase": "U",
