@@ -47,9 +47,11 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
   check->add_flag("--json", options.json, "Print one JSON document instead of text");
   check->footer(
-      "This version judges the file as a whole, the sizes of its meshes and their zones; the checks of\n"
-      "connectivity are to come. What the OpenFOAM reader finds wrong with single entries comes as\n"
-      "warnings: with --strict they count.\n\n"
+      "This version judges the file as a whole, the sizes of its meshes, their zones, the location model\n"
+      "and the physics objects that refer to it; the checks of level 2 are to come. A mesh without a\n"
+      "location model gets one made of its zones, as `orv model` shows it. What the OpenFOAM reader finds\n"
+      "wrong with single entries comes as warnings. An OpenFOAM mesh holds no physics, which is a warning\n"
+      "too, so that --strict goes with --no-location-model there.\n\n"
       "Examples:\n"
       "  orv check constant/polyMesh           an OpenFOAM mesh\n"
       "  orv check case/ --level 2             a case folder, with its connectivity\n"
