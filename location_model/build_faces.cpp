@@ -44,12 +44,15 @@ bool LocationModelBuilder::Build::addFaces(const Body& body) {
 
 bool LocationModelBuilder::Build::refuseTooManyZones(const FaceZoneSides::TooMany& tooMany) const {
   // Kept: no blank between the id and the name, and "mode".
-  const std::string zone = std::to_string(tooMany.faceZone) + "'" + nameOf(tooMany.faceZone);
+  const std::string zone = std::to_string(tooMany.faceZone);
+  const std::string name = nameOf(tooMany.faceZone);
   if (tooMany.onSide0) {
-    builder_.addError("Face zone " + zone + "' bounds mode than one cell zone on side 0.");
+    builder_.addError("Face zone " + zone + "'" + name +
+                      "' bounds mode than one cell zone on side 0.");
   }
   if (tooMany.onSide1) {
-    builder_.addError("Face zone " + zone + "' bounds mode than one cell zone on side 1.");
+    builder_.addError("Face zone " + zone + "'" + name +
+                      "' bounds mode than one cell zone on side 1.");
   }
   return false;
 }

@@ -17,8 +17,8 @@ namespace velto::samples {
 const std::vector<Defect>& defects() {
   static const std::vector<Defect> kDefects = [] {
     std::vector<Defect> all;
-    for (const auto* list :
-         {&defectsOfFiles(), &defectsOfRelations(), &defectsOfZones(), &defectsOfFaceZones()}) {
+    for (const auto* list : {&defectsOfFiles(), &defectsOfRelations(), &defectsOfZones(),
+                             &defectsOfFaceZones(), &defectsOfModels(), &defectsOfPhysics()}) {
       all.insert(all.end(), list->begin(), list->end());
     }
     return all;

@@ -82,13 +82,16 @@ std::shared_ptr<const OrvLocationModel> locate(const TwoBodies& bodies, int cont
   model.use("channel inlet", fluid, model.face("inlet face"), 0, bodies.inlet);
   const int walls =
       model.use("channel walls", fluid, model.face("channel hull"), 0, bodies.fluidWalls);
-  model.use("heater end", solid, model.face("end face"), 0, bodies.outlet);
-  model.use("heater walls", solid, model.face("heater hull"), 0, bodies.solidWalls);
+  const int end = model.use("heater end", solid, model.face("end face"), 0, bodies.outlet);
+  const int hull =
+      model.use("heater walls", solid, model.face("heater hull"), 0, bodies.solidWalls);
   const int contact = model.face("contact");
   const int wettedContact = model.use("contact of channel", fluid, contact, 0, contactZone);
   model.use("contact of heater", solid, contact, 1, -contactZone);
   model.composite({"metal", {solid}, {}, {}});
   model.composite({"wetted", {}, {}, {walls, wettedContact}});
+  // As a place of volumes it is the body, as one of surfaces its outside.
+  model.composite({"heater unit", {solid}, {}, {end, hull}});
   return model.take();
 }
 
@@ -105,6 +108,7 @@ void describeAll(base::Settings& settings) {
   describe(settings, "domains/steel", {{"location", "metal"}, {"material", "steel"}});
   describe(settings, "subdomains/heating",
            {{"location", "heater"}, {"domain", "steel"}, {"power", "1500 W"}});
+  describe(settings, "subdomains/expansion", {{"location", "heater unit"}, {"domain", "steel"}});
   describe(settings, "boundaries/inflow",
            {{"location", "channel inlet"}, {"domain", "water"}, {"velocity", "1.5 m/s"}});
   // A boundary inside a body bears the name of its face zone.
@@ -112,6 +116,7 @@ void describeAll(base::Settings& settings) {
   describe(settings, "boundaries/friction", {{"location", "wetted"}, {"domain", "water"}});
   describe(settings, "boundaries/insulation",
            {{"location", "heater walls,heater end"}, {"domain", "steel"}});
+  describe(settings, "boundaries/coating", {{"location", "heater unit"}, {"domain", "steel"}});
   describe(settings, "boundaries/water side",
            {{"location", "contact of channel"}, {"domain", "water"}});
   describe(settings, "boundaries/steel side",

@@ -10,6 +10,7 @@
 
 #include "samples/SampleProvider.h"
 #include "samples/samples.h"
+#include "tests/samples/run_checker.h"
 
 namespace velto::testing {
 namespace {
@@ -155,7 +156,7 @@ TEST_P(Physics, RefersToWhatItsLocationModelHolds) {
   const Names domains = settings.list("domains");
   const Names boundaries = settings.list("boundaries");
   EXPECT_EQ(domains, Names({"water", "steel"}));
-  EXPECT_EQ(settings.list("subdomains"), Names({"heating"}));
+  EXPECT_EQ(settings.list("subdomains"), Names({"heating", "expansion"}));
   EXPECT_EQ(settings.list("interfaces"), Names({"heat transfer"}));
   expectKnown(settings, "domains", "location", places.volumes);
   expectKnown(settings, "subdomains", "location", places.volumes);
@@ -168,8 +169,130 @@ TEST_P(Physics, RefersToWhatItsLocationModelHolds) {
   expectKnown(settings, "interfaces", "domainsSide2", domains);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, Physics, ::testing::Values(1, 64),
+TEST_P(Physics, IsSound) {
+  const Sample sample =
+      samples::findSample("physics")->make(static_cast<std::uint64_t>(GetParam()));
+  const Findings findings = runChecker([&] { return new samples::SampleProvider(sample); }, 1);
+  EXPECT_TRUE(findings.isSound);
+  EXPECT_EQ(findings.errors, Texts());
+  EXPECT_EQ(findings.warnings, Texts());
+}
+
+/// The composites of the sample with what they group: bodies, face uses, both.
+TEST_P(Physics, HasCompositesOfEachKind) {
+  const Sample sample =
+      samples::findSample("physics")->make(static_cast<std::uint64_t>(GetParam()));
+  const OrvLocationModel& model = *sample.tables.locationModel;
+  std::vector<int> parts;
+  std::vector<int> composites;
+  model.getParts(parts);
+  ASSERT_EQ(parts.size(), 1U);
+  model.getPartComposites(parts[0], composites);
+  std::vector<std::string> lines;
+  for (const int composite : composites) {
+    std::string line;
+    std::vector<int> bodies;
+    std::vector<int> faces;
+    std::vector<int> uses;
+    ASSERT_TRUE(model.getCompositeName(composite, line));
+    ASSERT_TRUE(model.resolveComposite(composite, bodies, faces, uses));
+    EXPECT_EQ(faces, std::vector<int>());
+    for (const int body : bodies) {
+      std::string name;
+      ASSERT_TRUE(model.getBodyName(body, name));
+      line += ", body " + name;
+    }
+    for (const int use : uses) {
+      std::string name;
+      ASSERT_TRUE(model.getFaceUseName(use, name));
+      line += ", face use " + name;
+    }
+    lines.push_back(line);
+  }
+  EXPECT_EQ(lines, Names({"metal, body heater",
+                          "wetted, face use channel walls, face use contact of channel",
+                          "heater unit, body heater, face use heater end, face use heater walls"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, Physics, ::testing::Values(1, 8, 64, 8000, 1000000),
                          ::testing::PrintToStringParamName());
+
+/// A setting of one kind of physics object, and what becomes of the case with another value.
+struct Setting {
+  const char* name;
+  const char* key;
+  const char* value;
+  Texts errors;
+};
+
+class PhysicsSettings : public ::testing::TestWithParam<Setting> {};
+
+/// An empty list of errors: the value is as good as that of the sample.
+TEST_P(PhysicsSettings, AreHeldAgainstTheirLocations) {
+  Sample sample = samples::findSample("physics")->make(64);
+  sample.tables.settings.begin()->second.set(GetParam().key, GetParam().value);
+  const Findings findings = runChecker([&] { return new samples::SampleProvider(sample); }, 1);
+  EXPECT_EQ(findings.errors, GetParam().errors);
+  EXPECT_EQ(findings.warnings, Texts());
+}
+
+const std::vector<Setting>& settingsOfEachKind() {
+  static const std::vector<Setting> kSettings = {
+      {"domain_in_a_composite_of_both", "domains/steel/location", "heater unit", {}},
+      {"domain_in_several_places", "domains/steel/location", "heater unit,metal,channel", {}},
+      {"domain_in_a_face_use",
+       "domains/steel/location",
+       "heater walls",
+       {"checkDomain : The attribute 'location' of 'steel' references locations that don't exist in the location model."}},
+      {"domain_in_a_composite_of_face_uses",
+       "domains/steel/location",
+       "wetted",
+       {"checkDomain : The attribute 'location' of 'steel' references locations that don't exist in the location model."}},
+      {"subdomain_in_a_zone",
+       "subdomains/heating/location",
+       "solid",
+       {"checkSubdomain : The attribute 'location' of 'heating' references locations that don't exist in the location model."}},
+      {"subdomain_of_a_subdomain",
+       "subdomains/heating/domain",
+       "expansion",
+       {"checkSubdomain : The attribute 'domain' of 'heating' references locations that don't exist in the location model."}},
+      {"boundary_in_a_composite_of_both", "boundaries/friction/location", "heater unit", {}},
+      {"boundary_in_a_composite_of_bodies",
+       "boundaries/friction/location",
+       "metal",
+       {"checkBoundary : The attribute 'location' of 'friction' references locations that don't exist in the location model."}},
+      {"boundary_twice_in_one_place",
+       "boundaries/insulation/location",
+       "heater end,heater end",
+       {"checkBoundary : The attribute 'location' of 'insulation' references locations that don't exist in the location model."}},
+      {"boundary_of_no_domain",
+       "boundaries/insulation/domain",
+       "air",
+       {"checkBoundary : The attribute 'domain' of 'insulation' references locations that don't exist in the location model."}},
+      {"interface_of_a_subdomain",
+       "interfaces/heat transfer/boundariesSide1",
+       "heating",
+       {"checkInterface : The attribute 'boundariesSide1' of 'heat transfer' references locations that don't exist in the location model."}},
+      {"interface_with_a_bad_second_side",
+       "interfaces/heat transfer/boundariesSide2",
+       "heating",
+       {}},
+      {"interface_of_no_domain",
+       "interfaces/heat transfer/domainsSide1",
+       "air",
+       {"checkInterface : The attribute 'domainsSide1' of 'heat transfer' references locations that don't exist in the location model."}},
+      {"interface_to_no_domain",
+       "interfaces/heat transfer/domainsSide2",
+       "air",
+       {"checkInterface : The attribute 'domainsSide2' of 'heat transfer' references locations that don't exist in the location model."}},
+  };
+  return kSettings;
+}
+
+std::string settingName(const ::testing::TestParamInfo<Setting>& info) { return info.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(EachKind, PhysicsSettings, ::testing::ValuesIn(settingsOfEachKind()),
+                         settingName);
 
 }  // namespace
 }  // namespace velto::testing

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // A case in a file is the case that was saved, right or wrong: the checker says the same of both,
-// word for word. Random cases, sound and damaged, contiguous and packed.
+// word for word. Random cases, sound and damaged, and all defects, contiguous and packed.
 
 #include <iostream>
 #include <string>
@@ -11,6 +11,7 @@
 
 #include "embedded/base/CaseError.h"
 #include "embedded/store/claims.h"
+#include "samples/defects.h"
 #include "testing/Random.h"
 #include "testing/TestFactory.h"
 #include "testing/capture.h"
@@ -102,6 +103,14 @@ TEST_P(RandomFindings, AreTheSameOfDamagedCases) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Store, RandomFindings, ::testing::Range(0, 8));
+
+TEST(DefectFindings, AreTheSame) {
+  for (const samples::Defect& defect : samples::defects()) {
+    SCOPED_TRACE(defect.name);
+    expectSameFindings(*samples::makeDefect(defect), 0);
+    expectSameFindings(*samples::makeDefect(defect), 2);
+  }
+}
 
 TEST(NamedFindings, AreTheSame) {
   for (const cases::NamedCase& named : cases::all()) {
