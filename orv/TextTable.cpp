@@ -22,9 +22,13 @@ std::size_t widthOf(const std::string& text) {
 
 std::string TextTable::text(const std::string& indent) const {
   std::vector<std::vector<std::string>> lines;
-  lines.emplace_back();
-  for (const Column& column : columns_) {
-    lines.front().push_back(column.heading);
+  const bool hasHeading = std::any_of(columns_.begin(), columns_.end(),
+                                      [](const Column& column) { return !column.heading.empty(); });
+  if (hasHeading) {
+    lines.emplace_back();
+    for (const Column& column : columns_) {
+      lines.front().push_back(column.heading);
+    }
   }
   lines.insert(lines.end(), rows_.begin(), rows_.end());
 

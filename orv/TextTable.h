@@ -10,8 +10,8 @@
 
 namespace velto::orv {
 
-/// Rows of cells under a heading. Widths count code points of UTF-8, so that names in any language
-/// keep the columns straight.
+/// Rows of cells under a heading, or without one where no column has any. Widths count code points
+/// of UTF-8, so that names in any language keep the columns straight.
 class TextTable {
  public:
   enum class Align { left, right };

@@ -36,6 +36,14 @@ struct InfoOptions {
   bool json = false;
 };
 
+struct ModelOptions {
+  std::vector<std::string> files;
+  int mesh = 0;        ///< 0 for the first restart mesh.
+  bool build = false;  ///< Build a model even where the file has one.
+  bool json = false;
+  bool dot = false;
+};
+
 struct FormatsOptions {
   bool json = false;
 };
@@ -52,6 +60,7 @@ struct SampleOptions {
 
 int runCheck(const CheckOptions& options);
 int runInfo(const InfoOptions& options);
+int runModel(const ModelOptions& options);
 int runFormats(const FormatsOptions& options);
 int runSample(const SampleOptions& options);
 

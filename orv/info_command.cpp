@@ -5,12 +5,9 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
-#include <iterator>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "data_access/OrvFactory.h"
 #include "data_access/OrvFileProvider.h"
 
 #include "factory/words.h"
@@ -18,30 +15,12 @@
 #include "orv/ProgressBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
-#include "orv/hints.h"
+#include "orv/open_case.h"
+#include "orv/words.h"
 
 namespace velto::orv {
 
 namespace {
-
-/// A provider is deleted through its OrvFileIO part.
-struct DeleteThroughFileIO {
-  void operator()(OrvFileProvider* provider) const { delete static_cast<OrvFileIO*>(provider); }
-};
-using ProviderOwner = std::unique_ptr<OrvFileProvider, DeleteThroughFileIO>;
-
-const char* targetWord(int target) {
-  switch (target) {
-    case targetRestart:
-      return "restart";
-    case targetPost:
-      return "post";
-    case targetPartitionedPost:
-      return "partitioned post";
-    default:
-      return "unknown";
-  }
-}
 
 const char* categoryWord(OrvZoneCategory category) {
   switch (category) {
@@ -70,22 +49,6 @@ std::string shapeWord(const ZoneSummary& zone) {
     default:
       return factory::cellShapeName(zone.shape);
   }
-}
-
-/// The longest list of zones that a table shows whole; --json gives them all.
-constexpr std::size_t kListShown = 8;
-
-/// "7,8,9", "-" for none, and "1,2,3,... of 100" for a list that is longer than a table can take.
-template <class List>
-std::string joined(const List& list) {
-  if (list.empty()) {
-    return "-";
-  }
-  if (list.size() <= kListShown) {
-    return fmt::format("{}", fmt::join(list, ","));
-  }
-  return fmt::format("{},... of {}", fmt::join(list.begin(), std::next(list.begin(), 3), ","),
-                     list.size());
 }
 
 /// "7 | 8": the cell zones on side 0 and on side 1 of a face zone.
@@ -219,45 +182,10 @@ nlohmann::ordered_json caseJson(const CaseSummary& summary) {
           {"settings", settings}};
 }
 
-/// Prints the waiting messages on standard error, without their prefixes, each behind the name of
-/// the file.
-void printMessages(OrvFileProvider& provider, const std::string& file) {
-  const auto print = [&file](const char* kind, const std::string& text) {
-    const std::size_t tab = text.find("\n\t");
-    const std::string words = tab == std::string::npos ? text : text.substr(tab + 2);
-    const bool namesFile = words.compare(0, file.size() + 1, file + ":") == 0;
-    std::cerr << kind << ": " << (namesFile ? "" : file + ": ") << words << std::endl;
-  };
-  for (const std::string& text : provider.getWarnings(true, true)) {
-    print("Warning", text);
-  }
-  for (const std::string& text : provider.getErrors(true, true)) {
-    print("Error", text);
-  }
-}
-
 /// The results that lie beside a case file, under its name with an "r" behind it; "" for none.
 std::string resultsBeside(const std::string& file) {
   std::error_code ignored;
   return std::filesystem::is_regular_file(file + "r", ignored) ? file + "r" : "";
-}
-
-/// The open case, or null after saying why not.
-ProviderOwner openCase(const std::string& file) {
-  std::error_code error;
-  if (!std::filesystem::exists(file, error)) {
-    std::cerr << "orv: " << file << ": no such file or folder" << std::endl;
-    return nullptr;
-  }
-  ProviderOwner provider(getDataProvider(file));
-  if (!provider) {
-    hintAtFormats(file);
-    return nullptr;
-  }
-  provider->setBaseOption(true);
-  const bool opened = provider->startReading(file, dataClassCase);
-  printMessages(*provider, file);
-  return opened ? std::move(provider) : nullptr;
 }
 
 /// Opens the results beside a case, if there are any; false after saying why they cannot be read.

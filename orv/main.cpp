@@ -72,6 +72,31 @@ void addInfo(CLI::App& app, InfoOptions& options) {
       std::string(kFooter));
 }
 
+void addModel(CLI::App& app, ModelOptions& options) {
+  CLI::App* model = app.add_subcommand("model", "Show location models, or build them from zones");
+  model->add_option("FILE", options.files, "Case files or folders")->required();
+  model
+      ->add_option("-m,--mesh", options.mesh,
+                   "Show zones of the mesh with this id (default: the first restart mesh)")
+      ->check(CLI::PositiveNumber);
+  model->add_flag("--build", options.build, "Build a model even where the file has one");
+  CLI::Option* json =
+      model->add_flag("--json", options.json, "Print one JSON document instead of text");
+  model->add_flag("--dot", options.dot, "Print a graph for Graphviz instead of text")
+      ->excludes(json);
+  model->footer(
+      "A location model names bodies, and faces between and around them, and tells the zones that\n"
+      "they consist of. Where a file has none, the one is shown that its zones give. +5 is side 0 of\n"
+      "face zone 5, -5 is side 1; a name in round brackets is relative, of a face use without a name.\n\n"
+      "Examples:\n"
+      "  orv model case.orv\n"
+      "  orv model constant/polyMesh              the model that its zones give\n"
+      "  orv model case.orv --build               the same, whatever the file has\n"
+      "  orv model case.orv --dot | dot -Tsvg > model.svg\n"
+      "  orv model case.orv --json | jq '.files[0].parts[0].bodies'\n\n" +
+      std::string(kFooter));
+}
+
 void addFormats(CLI::App& app, FormatsOptions& options) {
   CLI::App* formats =
       app.add_subcommand("formats", "List the formats that can be read and written");
@@ -116,10 +141,12 @@ int run(int argc, char** argv) {
       std::string(kFooter));
   CheckOptions check;
   InfoOptions info;
+  ModelOptions model;
   FormatsOptions formats;
   SampleOptions sample;
   addCheck(app, check);
   addInfo(app, info);
+  addModel(app, model);
   addFormats(app, formats);
   addSample(app, sample);
   try {
@@ -132,6 +159,9 @@ int run(int argc, char** argv) {
   }
   if (app.got_subcommand("info")) {
     return runInfo(info);
+  }
+  if (app.got_subcommand("model")) {
+    return runModel(model);
   }
   return app.got_subcommand("sample") ? runSample(sample) : runFormats(formats);
 }

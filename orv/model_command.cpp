@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// orv model: shows the location model of a case, or the one that can be built for it.
+
+#include <algorithm>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "orv/ProgressBar.h"
+#include "orv/commands.h"
+#include "orv/model_views.h"
+#include "orv/open_case.h"
+
+namespace velto::orv {
+
+namespace {
+
+int statusOf(const ModelSummary& summary) {
+  if (summary.origin != ModelOrigin::none) {
+    return exitSound;
+  }
+  return summary.lacksMesh ? exitNotDone : exitErrors;
+}
+
+bool hasFaces(const ModelSummary& summary) {
+  return std::any_of(summary.parts.begin(), summary.parts.end(),
+                     [](const PartOfModel& part) { return !part.faces.empty(); });
+}
+
+void printErrors(const ModelSummary& summary) {
+  const char* who = summary.mesh == 0 ? "orv: " : "Error: ";
+  for (const std::string& error : summary.errors) {
+    std::cerr << who << summary.file << ": " << error << std::endl;
+  }
+}
+
+/// Says why a model that was built of a post mesh has bodies alone.
+void explainMissingFaces(const ModelSummary& summary) {
+  if (summary.origin == ModelOrigin::built && summary.target != targetRestart &&
+      !hasFaces(summary)) {
+    std::cerr << "orv: " << summary.file << ": no faces: mesh " << summary.mesh
+              << " is no restart mesh and does not tell which cell zones its face zones bound"
+              << std::endl;
+  }
+}
+
+}  // namespace
+
+int runModel(const ModelOptions& options) {
+  if (options.dot && options.files.size() > 1) {
+    std::cerr << "orv: --dot takes one file" << std::endl;
+    return exitNotDone;
+  }
+  int status = exitSound;
+  std::string before;  // An empty line between two models.
+  nlohmann::ordered_json files = nlohmann::ordered_json::array();
+  const ProgressBar progress(true);
+  for (const std::string& file : options.files) {
+    const ProviderOwner provider = openCase(file);
+    if (!provider) {
+      status = exitNotDone;
+      continue;
+    }
+    const ModelSummary summary = readModel(file, *provider, options.mesh, options.build);
+    printMessages(*provider, file);
+    status = std::max(status, statusOf(summary));
+    if (options.json) {
+      files.push_back(modelJson(summary));
+      continue;
+    }
+    printErrors(summary);
+    explainMissingFaces(summary);
+    if (summary.origin != ModelOrigin::none) {
+      std::cout << before << (options.dot ? modelDot(summary) : modelText(summary)) << std::flush;
+      before = "\n";
+    }
+  }
+  if (options.json) {
+    const nlohmann::ordered_json report = {{"orv", ORV_VERSION}, {"files", files}};
+    // Names may be no UTF-8: the output stays valid.
+    std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+  }
+  return status;
+}
+
+}  // namespace velto::orv

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Opening of cases: through the factory, with a reason on standard error where it fails.
+
+#include "orv/open_case.h"
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+#include "data_access/OrvFactory.h"
+
+#include "orv/hints.h"
+
+namespace velto::orv {
+
+ProviderOwner openCase(const std::string& file) {
+  std::error_code error;
+  if (!std::filesystem::exists(file, error)) {
+    std::cerr << "orv: " << file << ": no such file or folder" << std::endl;
+    return nullptr;
+  }
+  ProviderOwner provider(getDataProvider(file));
+  if (!provider) {
+    hintAtFormats(file);
+    return nullptr;
+  }
+  provider->setBaseOption(true);
+  const bool opened = provider->startReading(file, dataClassCase);
+  printMessages(*provider, file);
+  return opened ? std::move(provider) : nullptr;
+}
+
+void printMessages(OrvFileProvider& provider, const std::string& file) {
+  const auto print = [&file](const char* kind, const std::string& text) {
+    const std::size_t tab = text.find("\n\t");
+    const std::string words = tab == std::string::npos ? text : text.substr(tab + 2);
+    const bool namesFile = words.compare(0, file.size() + 1, file + ":") == 0;
+    std::cerr << kind << ": " << (namesFile ? "" : file + ": ") << words << std::endl;
+  };
+  for (const std::string& text : provider.getWarnings(true, true)) {
+    print("Warning", text);
+  }
+  for (const std::string& text : provider.getErrors(true, true)) {
+    print("Error", text);
+  }
+}
+
+}  // namespace velto::orv
