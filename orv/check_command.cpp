@@ -66,6 +66,34 @@ bool isOfZones(const std::string& recorded) {
   return step == "checkNodeZones" || step == "checkFaceZones" || step == "checkCellZones";
 }
 
+bool isFailedBuild(const std::string& recorded) {
+  return messageOf(recorded).text == "Failed to build location model.";
+}
+
+/// Whether a message is about names of the location model.
+bool isOfModel(const std::string& recorded) {
+  const Message message = messageOf(recorded);
+  const std::vector<std::string> steps = {"checkPhysicsToMeshMapUsingTopologyModel", "checkDomain",
+                                          "checkSubdomain", "checkBoundary"};
+  return std::find(steps.begin(), steps.end(), message.step) != steps.end();
+}
+
+/// Says where to look further, at most once for each kind of message.
+void hint(const FileResult& result) {
+  const auto hasError = [&result](bool (*is)(const std::string&)) {
+    return std::any_of(result.errors.begin(), result.errors.end(), is);
+  };
+  if (hasError(isOfZones) ||
+      std::any_of(result.warnings.begin(), result.warnings.end(), isOfZones)) {
+    hintAtZones(result.file);
+  }
+  if (hasError(isFailedBuild)) {
+    hintAtRelations(result.file);
+  } else if (hasError(isOfModel)) {
+    hintAtModel(result.file);
+  }
+}
+
 FileResult checkFile(const std::string& file, const CheckOptions& options) {
   FileResult result;
   result.file = file;
@@ -92,10 +120,8 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
     }
   }
   result.warnings = checker.getWarnings();
-  const bool areZonesBad = std::any_of(result.errors.begin(), result.errors.end(), isOfZones) ||
-                           std::any_of(result.warnings.begin(), result.warnings.end(), isOfZones);
-  if (areZonesBad && options.verbosity == 1 && !options.quiet && !options.json) {
-    hintAtZones(file);
+  if (options.verbosity == 1 && !options.quiet && !options.json) {
+    hint(result);
   }
   return result;
 }

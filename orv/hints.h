@@ -22,6 +22,18 @@ inline void hintAtZones(const std::string& file) {
             << std::endl;
 }
 
+/// The same for messages about a location model, and what refers to it.
+inline void hintAtModel(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv model` shows the location model with its names"
+            << std::endl;
+}
+
+/// The same where no location model could be built.
+inline void hintAtRelations(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv info` lists the zones, and which of them bound which"
+            << std::endl;
+}
+
 }  // namespace velto::orv
 
 #endif  // VELTO_ORV_HINTS_H
