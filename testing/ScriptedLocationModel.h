@@ -18,7 +18,7 @@ namespace velto::testing {
 ///
 ///     Transcript calls;
 ///     LocationModelScript script(&calls);
-///     script.refuse("createFace(1, \"F3\")");
+///     script.refuse("createFace(1, F3)");
 ///
 /// A call is named by its operation ("createFace"), which stands for every call of it, or by its
 /// whole text; texts have the arguments that go in, without those that come out.
