@@ -7,13 +7,25 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace velto::base {
 
-CellZoneRanges::CellZoneRanges(const MeshTables& mesh) {
+namespace {
+
+std::vector<CellZoneRanges::Range> rangesOf(const MeshTables& mesh) {
+  std::vector<CellZoneRanges::Range> ranges;
   for (const int zone : mesh.idsOf(zoneCategoryCell)) {
-    ranges_.push_back({mesh.zoneSize(zone, zoneFirstId), mesh.zoneSize(zone, zoneLastId), zone});
+    ranges.push_back({mesh.zoneSize(zone, zoneFirstId), mesh.zoneSize(zone, zoneLastId), zone});
   }
+  return ranges;
+}
+
+}  // namespace
+
+CellZoneRanges::CellZoneRanges(const MeshTables& mesh) : CellZoneRanges(rangesOf(mesh)) {}
+
+CellZoneRanges::CellZoneRanges(std::vector<Range> ranges) : ranges_(std::move(ranges)) {
   std::sort(ranges_.begin(), ranges_.end(),
             [](const Range& a, const Range& b) { return a.first < b.first; });
 }

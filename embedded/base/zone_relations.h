@@ -16,14 +16,15 @@ namespace velto::base {
 /// The id ranges of the cell zones of a mesh, in ascending order; made once and searched often.
 class CellZoneRanges {
  public:
-  CellZoneRanges() = default;
-  explicit CellZoneRanges(const MeshTables& mesh);
-
   struct Range {
     std::uint64_t first;
     std::uint64_t last;
     int zone;
   };
+
+  CellZoneRanges() = default;
+  explicit CellZoneRanges(const MeshTables& mesh);
+  explicit CellZoneRanges(std::vector<Range> ranges);
 
   /// The range that holds a cell, or null.
   const Range* find(std::uint64_t cell) const;

@@ -60,20 +60,24 @@ FaceLists::Zone FaceLists::range(std::uint64_t first, std::uint64_t count) const
   return zone;
 }
 
-FaceLists::Zone FaceLists::gather(const std::vector<std::uint64_t>& order, std::uint64_t first,
+FaceLists::Zone FaceLists::gather(const std::vector<std::uint64_t>& faces,
                                   std::uint64_t count) const {
   Zone zone;
   zone.count = count;
-  std::vector<short> counts(count, 0);
+  std::vector<short> counts;
+  counts.reserve(faces.size());
+  std::size_t total = 0;
+  for (const std::uint64_t face : faces) {
+    counts.push_back(face < faceCount() ? (*counts_)[face] : short{0});
+    total += static_cast<std::size_t>(counts.back());
+  }
   std::vector<std::uint64_t> ids;
-  for (std::uint64_t i = 0; i < count; ++i) {
-    const std::uint64_t face = order[first + i];
-    if (face >= faceCount()) {
-      continue;
+  ids.reserve(total);
+  for (std::size_t i = 0; i < faces.size(); ++i) {
+    if (counts[i] > 0) {
+      const auto begin = ids_->begin() + static_cast<std::ptrdiff_t>(allOffsets_[faces[i]]);
+      ids.insert(ids.end(), begin, begin + counts[i]);
     }
-    counts[i] = (*counts_)[face];
-    const auto begin = ids_->begin() + static_cast<std::ptrdiff_t>(allOffsets_[face]);
-    ids.insert(ids.end(), begin, begin + counts[i]);
   }
   zone.nodes.ids = Slice<std::uint64_t>(std::move(ids));
   settleCounts(zone.nodes, Slice<short>(std::move(counts)));

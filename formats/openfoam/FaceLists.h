@@ -31,10 +31,9 @@ class FaceLists {
   /// The faces from `first` on. What lies past the last face is not there.
   Zone range(std::uint64_t first, std::uint64_t count) const;
 
-  /// The faces order[first], order[first + 1], ... A number that is no face gives a face without
-  /// nodes.
-  Zone gather(const std::vector<std::uint64_t>& order, std::uint64_t first,
-              std::uint64_t count) const;
+  /// The faces of those numbers, of a zone that claims `count`. A number that is no face gives a
+  /// face without nodes.
+  Zone gather(const std::vector<std::uint64_t>& faces, std::uint64_t count) const;
 
  private:
   std::uint64_t faceCount() const { return counts_->size(); }

@@ -4,7 +4,8 @@
 //
 //   survey of cells, culprits        judged on the arrays as they stand in the files
 //   nodes, cells                     cell zones, renumbered where they are no ranges
-//   internal faces, patches          slices of the arrays; gathered where face zones renumber
+//   internal faces, patches          cut where several cell zones meet them; slices of the arrays,
+//                                    gathered where zones are no ranges
 //   periodic pairs, relations        which zone is whose shadow, and which bounds which
 
 #include "formats/openfoam/case_from_poly_mesh.h"
@@ -13,11 +14,19 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <numeric>
+#include <set>
+#include <sstream>
+#include <utility>
+
+#include "data_access/OrvBase.h"
 
 #include "embedded/base/shapes.h"
 #include "embedded/base/zone_relations.h"
 #include "formats/openfoam/FaceLists.h"
 #include "formats/openfoam/cell_survey.h"
+#include "formats/openfoam/cut_face_zones.h"
+#include "formats/openfoam/face_zones.h"
 #include "formats/openfoam/find_culprits.h"
 #include "formats/openfoam/zone_layout.h"
 
@@ -33,6 +42,21 @@ constexpr int kNoSuchZone = -1;
 
 bool beginsWith(const std::string& text, const std::string& prefix) {
   return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+/// A comma-separated list with the names added that it lacks.
+std::string withNames(std::string list, const std::vector<std::string>& names) {
+  std::set<std::string> listed;
+  std::istringstream words(list);
+  for (std::string word; std::getline(words, word, ',');) {
+    listed.insert(word);
+  }
+  for (const std::string& name : names) {
+    if (listed.insert(name).second) {
+      list += (list.empty() ? "" : ",") + name;
+    }
+  }
+  return list;
 }
 
 class Assembler {
@@ -52,13 +76,13 @@ class Assembler {
     tables_.sizes[meshFaceCount] = mesh_.faceNodeCounts.size();
     tables_.sizes[meshCellCount] = survey_.cellCount();
     addNodes();
-    addFaces();
     leaveOutEmptyCellZones();
     const ZoneLayout cells = layOutZones(mesh_.cellZones, survey_.cellCount(),
                                          mesh_.cellZones.empty() ? "cells" : "default", false);
     if (cells.isRenumbered()) {
       renumberCells(cells);
     }
+    addFaces(cells);
     addCells(cells);
     addFaceCells();
     linkPeriodicPairs();
@@ -89,53 +113,71 @@ class Assembler {
     arrays_.nodeCoordinates[lastZone_] = Slice<double>(std::move(mesh_.points));
   }
 
-  void addFaceZone(const std::string& name, int type, const std::string& typeName,
-                   std::uint64_t first, const FaceLists::Zone& faces) {
-    ZoneRecord& record = addZone(zoneCategoryFace, name, first, faces.count);
-    record.faceInfo[faceZoneType] = type;
+  void addFaces(const ZoneLayout& cells) {
+    faceZones_ = cutByCellZones(layOutFaceZones(mesh_, survey_.internalFaces, internalParts()),
+                                mesh_, cells.zones);
+    patchZones_.resize(mesh_.patches.size());
+    std::vector<std::uint64_t> starts;
+    bool isGathering = false;
+    for (const FaceZone& zone : faceZones_) {
+      starts.push_back(zone.first);
+      starts.push_back(zone.first + zone.count);
+      isGathering = isGathering || zone.gathered;
+    }
+    const FaceLists lists(std::move(mesh_.faceNodeCounts), std::move(mesh_.faceNodeIds), starts,
+                          isGathering);
+    for (const FaceZone& zone : faceZones_) {
+      addFaceZone(zone, zone.gathered ? lists.gather(*zone.gathered, zone.count)
+                                      : lists.range(zone.first, zone.count));
+    }
+    keepPatchEntries();
+    keepPieces();
+  }
+
+  void addFaceZone(const FaceZone& zone, const FaceLists::Zone& faces) {
+    ZoneRecord& record = addZone(zoneCategoryFace, zone.name, zone.first, faces.count);
     record.faceInfo[faceZoneFaceType] = faces.nodes.uniform
                                             ? base::faceShapeOf(static_cast<std::uint64_t>(
                                                   std::max<short>(*faces.nodes.uniform, 0)))
                                             : static_cast<int>(base::faceShapeMixed);
-    record.texts[zoneTypeName] = typeName;
+    if (zone.isInternal()) {
+      record.faceInfo[faceZoneType] = faceZoneTypeInterior;
+      record.texts[zoneTypeName] = "interior";
+    } else {
+      const std::string& type = mesh_.patches[*zone.patch].type;
+      record.faceInfo[faceZoneType] = boundaryTypeOf(type);
+      record.texts[zoneTypeName] = type;
+      patchZones_[*zone.patch].push_back(lastZone_);
+    }
     arrays_.faceNodes[lastZone_] = faces.nodes;
-    faceZones_.push_back({lastZone_, first, faces.count, type == faceZoneTypeInterior});
+    faceZoneIds_.push_back(lastZone_);
   }
 
-  void addFaces() {
-    std::vector<ElementZone> zones = internalParts();
-    internal_ = layOutZones(zones, survey_.internalFaces, "interior", true);
-    std::vector<std::uint64_t> starts;
-    for (const Patch& patch : mesh_.patches) {
-      starts.push_back(patch.firstFace);
-      starts.push_back(patch.firstFace + patch.faceCount);
-    }
-    for (const LayoutZone& zone : internal_.zones) {
-      starts.push_back(zone.first);
-      starts.push_back(zone.first + zone.count);
-    }
-    const FaceLists lists(std::move(mesh_.faceNodeCounts), std::move(mesh_.faceNodeIds), starts,
-                          internal_.isRenumbered());
-    for (const LayoutZone& zone : internal_.zones) {
-      addFaceZone(zone.name, faceZoneTypeInterior, "interior", zone.first,
-                  internal_.isRenumbered() ? lists.gather(internal_.order, zone.first, zone.count)
-                                           : lists.range(zone.first, zone.count));
-    }
-    for (const Patch& patch : mesh_.patches) {
-      // A mesh without faces, such as an empty part of a decomposed case, has no face zones.
-      const bool isZone = tables_.size(meshFaceCount) > 0 || patch.faceCount > 0;
-      if (isZone) {
-        addFaceZone(patch.name, boundaryTypeOf(patch.type), patch.type, patch.firstFace,
-                    lists.range(patch.firstFace, patch.faceCount));
-        patchZones_[patch.name] = lastZone_;
-      }
+  void keepPatchEntries() {
+    for (std::size_t i = 0; i < mesh_.patches.size(); ++i) {
+      const Patch& patch = mesh_.patches[i];
       for (const auto& entry : patch.entries) {
         const bool isInZone =
             entry.first == "nFaces" || entry.first == "startFace" || entry.first == "type";
-        if (!isZone || !isInZone) {
+        if (patchZones_[i].empty() || !isInZone) {
           case_.setSetting("openfoam/boundary/" + patch.name + "/" + entry.first, entry.second);
         }
       }
+    }
+  }
+
+  /// Names the pieces of each zone of the files beside those that other partitions have of it.
+  void keepPieces() {
+    std::map<std::string, std::vector<std::string>> pieces;
+    for (const FaceZone& zone : faceZones_) {
+      if (zone.isPiece) {
+        pieces[zone.settings + "/pieces"].push_back(zone.name);
+      }
+    }
+    for (const auto& [key, names] : pieces) {
+      const std::string* const found =
+          case_.tables.settings[{dataClassCase, OrvBase::_defaultSettingsPath}].find(key);
+      case_.setSetting(key, withNames(found == nullptr ? "" : *found, names));
     }
   }
 
@@ -227,79 +269,75 @@ class Assembler {
     const auto owner = std::make_shared<const std::vector<std::uint64_t>>(std::move(mesh_.owner));
     const auto neighbour =
         std::make_shared<const std::vector<std::uint64_t>>(std::move(mesh_.neighbour));
-    const auto cellsOf = [&](const auto& side, const FaceZone& zone) {
-      if (!zone.isInternal || !internal_.isRenumbered()) {
+    const auto cellsOf = [](const auto& side, const FaceZone& zone) {
+      if (!zone.gathered) {
         return Slice<std::uint64_t>(side, zone.first, zone.count);
       }
-      std::vector<std::uint64_t> cells(zone.count);
-      for (std::uint64_t i = 0; i < zone.count; ++i) {
-        const std::uint64_t face = internal_.order[zone.first + i];
-        cells[i] = face < side->size() ? (*side)[face] : 0;
+      std::vector<std::uint64_t> cells;
+      cells.reserve(zone.gathered->size());
+      for (const std::uint64_t face : *zone.gathered) {
+        cells.push_back(face < side->size() ? (*side)[face] : 0);
       }
       return Slice<std::uint64_t>(std::move(cells));
     };
-    for (const FaceZone& zone : faceZones_) {
-      arrays_.faceCell0[zone.id] = cellsOf(owner, zone);
-      if (zone.isInternal) {
-        arrays_.faceCell1[zone.id] = cellsOf(neighbour, zone);
+    for (std::size_t i = 0; i < faceZones_.size(); ++i) {
+      arrays_.faceCell0[faceZoneIds_[i]] = cellsOf(owner, faceZones_[i]);
+      if (faceZones_[i].isInternal()) {
+        arrays_.faceCell1[faceZoneIds_[i]] = cellsOf(neighbour, faceZones_[i]);
       }
     }
   }
 
   void linkPeriodicPairs() {
-    for (const Patch& patch : mesh_.patches) {
-      const auto own = patchZones_.find(patch.name);
-      if (patch.type != "cyclic" || patch.neighbourPatch.empty() || own == patchZones_.end()) {
+    const auto partners = cyclicPartners(mesh_.patches);
+    for (std::size_t i = 0; i < mesh_.patches.size(); ++i) {
+      if (mesh_.patches[i].type != "cyclic" || mesh_.patches[i].neighbourPatch.empty()) {
         continue;
       }
-      const int zone = own->second;
-      ZoneRecord& record = tables_.zones[zone];
-      const auto partner = patchZones_.find(patch.neighbourPatch);
-      if (partner == patchZones_.end()) {
-        record.faceInfo[faceZoneShadow] = kNoSuchZone;
-        continue;
+      // Halves of a sound pair are cut alike. Of others the last piece stands for all it lacks.
+      const auto partner = partners[i] ? patchZones_[*partners[i]] : std::vector<int>();
+      for (std::size_t piece = 0; piece < patchZones_[i].size(); ++piece) {
+        linkToShadow(patchZones_[i][piece],
+                     partner.empty() ? kNoSuchZone : partner[std::min(piece, partner.size() - 1)]);
       }
-      record.faceInfo[faceZoneShadow] = partner->second;
-      // Of a pair the half that comes first is the periodic zone, the other its shadow.
-      if (partner->second < zone) {
-        record.faceInfo[faceZoneType] = base::boundaryPeriodicShadow;
-      }
-      std::vector<std::uint64_t> shadows(arrays_.faceCell0[zone].size());
-      for (std::size_t i = 0; i < shadows.size(); ++i) {
-        shadows[i] = tables_.zoneSize(partner->second, zoneFirstId) + i;
-      }
-      arrays_.faceShadows[zone] = Slice<std::uint64_t>(std::move(shadows));
     }
+  }
+
+  void linkToShadow(int zone, int partner) {
+    ZoneRecord& record = tables_.zones[zone];
+    record.faceInfo[faceZoneShadow] = partner;
+    if (partner == kNoSuchZone) {
+      return;
+    }
+    // Of a pair the half that comes first is the periodic zone, the other its shadow.
+    if (partner < zone) {
+      record.faceInfo[faceZoneType] = base::boundaryPeriodicShadow;
+    }
+    std::vector<std::uint64_t> shadows(arrays_.faceCell0[zone].size());
+    std::iota(shadows.begin(), shadows.end(), tables_.zoneSize(partner, zoneFirstId));
+    arrays_.faceShadows[zone] = Slice<std::uint64_t>(std::move(shadows));
   }
 
   void relate() {
     const base::CellZoneRanges cellZones(tables_);
-    for (const FaceZone& zone : faceZones_) {
-      const Slice<std::uint64_t>& side0 = arrays_.faceCell0[zone.id];
-      base::relateZones(tables_, cellZones, zone.id, 0, side0.data(), side0.size());
-      if (zone.isInternal) {
-        const Slice<std::uint64_t>& side1 = arrays_.faceCell1[zone.id];
-        base::relateZones(tables_, cellZones, zone.id, 1, side1.data(), side1.size());
+    for (const int zone : faceZoneIds_) {
+      const Slice<std::uint64_t>& side0 = arrays_.faceCell0[zone];
+      base::relateZones(tables_, cellZones, zone, 0, side0.data(), side0.size());
+      if (const Slice<std::uint64_t>* const side1 = arrays_.faceCell1.find(zone)) {
+        base::relateZones(tables_, cellZones, zone, 1, side1->data(), side1->size());
       }
     }
     base::deriveBoundingFaceZones(tables_);
   }
-
-  struct FaceZone {
-    int id;
-    std::uint64_t first;  // 0-based place among the faces, or slot of the internal layout
-    std::uint64_t count;
-    bool isInternal;
-  };
 
   memory::Case& case_;
   base::MeshTables& tables_;
   memory::MeshData& arrays_;
   PolyMesh mesh_;
   const CellSurvey survey_;
-  ZoneLayout internal_;
   std::vector<FaceZone> faceZones_;
-  std::map<std::string, int> patchZones_;
+  std::vector<int> faceZoneIds_;              // of the face zones
+  std::vector<std::vector<int>> patchZones_;  // the ids of each patch: of several where it was cut
   int lastZone_ = 0;
 };
 

@@ -19,9 +19,10 @@ namespace velto::openfoam {
 ///
 /// The points become one node zone; the internal faces a face zone "interior" and one for each face
 /// zone that holds internal faces; each patch a face zone; the cells a zone "cells", or one for
-/// each cell zone and "default" for the cells of none. Side 0 of a face is its owner, side 1 its
-/// neighbour. A label n of the files is the id n + 1, unless zones that are no ranges make it
-/// necessary to renumber (see zone_layout.h).
+/// each cell zone and "default" for the cells of none. A face zone that several cell zones meet is
+/// cut into one for each two of them (see cut_face_zones.h). Side 0 of a face is its owner, side 1
+/// its neighbour. A label n of the files is the id n + 1, unless zones that are no ranges, or are
+/// cut, make it necessary to renumber (see zone_layout.h).
 ///
 /// A type of a patch that the case has no value for is kept as the zone's type name, and the other
 /// entries of a patch as settings "openfoam/boundary/<patch>/<keyword>".

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What a checker says of OpenFOAM meshes: nothing of a sound one, and of a damaged one its own
-// words beside the reader's, which name the place.
+// What a checker says of OpenFOAM meshes: of a sound one that its folder holds no physics, and of a
+// damaged one its own words beside the reader's, which name the place.
 
 #include <filesystem>
 #include <functional>
@@ -20,6 +20,10 @@ namespace {
 
 using testing::BoxMesh;
 using Texts = std::vector<std::string>;
+
+/// What a mesh whose zones give a location model is told: a folder holds no physics settings.
+constexpr const char* kNoPhysics =
+    "checkPhysicsToMeshMapUsingTopologyModel : No Physics Model - skipped";
 
 struct Judgement {
   Texts errors;
@@ -113,22 +117,64 @@ const SoundRow kSound[] = {
        mesh.patches.push_back({"none", "patch", 0, mesh.faceCount(), {}});
      }},
     {"PatchesInAnyOrder", [](BoxMesh& mesh) { std::swap(mesh.patches[1], mesh.patches[4]); }},
+    {"ARotorInTheMiddle",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(4, 4, 2);
+       mesh.cellZones = {{"rotor", {5, 6, 9, 10, 21, 22, 25, 26}, {}, false}};
+     }},
+    {"ARotorThatTouchesNoPatch",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(3, 3, 3);
+       mesh.cellZones = {{"rotor", {13}, {}, false}};
+     }},
+    {"ThreeCellZones",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(3, 2, 2);
+       mesh.cellZones = {{"inlet", {0, 3, 6, 9}, {}, false},
+                         {"outlet", {2, 5, 8, 11}, {}, false},
+                         {"rotor", {1, 4, 7, 10}, {}, false}};
+     }},
+    {"ACheckerBoardOfCellZones",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(2, 2, 2);
+       mesh.cellZones = {{"black", {0, 3, 5, 6}, {}, false}, {"white", {7, 4, 2, 1}, {}, false}};
+     }},
+    {"AFaceZoneAcrossCellZones",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(3, 3, 1);
+       mesh.cellZones = {{"rotor", {4}, {}, false}};
+       mesh.faceZones = {{"ring", {8, 5, 3, 7, 11}, {}, false}, {"rest", {0, 1}, {}, false}};
+     }},
+    {"ACyclicPairAcrossCellZones",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(4, 2, 1);
+       mesh.cellZones = {{"rotor", {0, 1, 4, 6}, {}, false}};
+       makeCyclic(mesh.patches[2], "yMax");
+       makeCyclic(mesh.patches[3], "yMin");
+     }},
+    {"TwoDimensionalCellZones",
+     [](BoxMesh& mesh) {
+       mesh = testing::makeBox(3, 3, 1);
+       mesh.cellZones = {{"rotor", {4}, {}, false},
+                         {"stator", {0, 1, 2, 3, 5, 6, 7, 8}, {}, false}};
+       mesh.patches[4].type = mesh.patches[5].type = "empty";
+     }},
 };
 
 class SoundMeshes : public ::testing::TestWithParam<SoundRow> {};
 
-TEST_P(SoundMeshes, GiveNoMessage) {
+TEST_P(SoundMeshes, LackPhysicsOnly) {
   BoxMesh mesh = rowOfFour();
   GetParam().change(mesh);
   const Judgement judgement = judge(mesh);
   EXPECT_EQ(judgement.errors, Texts());
-  EXPECT_EQ(judgement.warnings, Texts());
+  EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
 }
 
 INSTANTIATE_TEST_SUITE_P(Checked, SoundMeshes, ::testing::ValuesIn(kSound),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(CheckedPartitions, GiveNoMessageWhereOneIsEmpty) {
+TEST(CheckedPartitions, HaveNoLocationModelWhereOneIsEmpty) {
   const testing::TempFolder temp;
   BoxMesh nothing;
   nothing.faceOffsets = {0};
@@ -137,9 +183,30 @@ TEST(CheckedPartitions, GiveNoMessageWhereOneIsEmpty) {
   writePolyMesh(temp.path("case/processor0/constant/polyMesh"), rowOfFour());
   writePolyMesh(temp.path("case/processor1/constant/polyMesh"), nothing);
   const Judgement judgement = judge(temp.path("case"));
-  EXPECT_EQ(judgement.errors, Texts());
-  EXPECT_EQ(judgement.warnings, Texts());
+  EXPECT_EQ(
+      judgement.errors,
+      (Texts{
+          "checkPhysicsToMeshMapUsingTopologyModel : Unable to build location model: There are no face zones defined in the mesh model.",
+          "checkPhysicsToMeshMapUsingTopologyModel : Failed to build location model."}));
+  EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
 }
+
+// --- Real meshes --------------------------------------------------------------------------------
+
+class CheckedRealMeshes : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(CheckedRealMeshes, LackPhysicsOnly) {
+  const std::string folder = std::string(VELTO_MESHES_DIR) + "/openfoam/" + GetParam();
+  if (!std::filesystem::exists(folder)) {
+    GTEST_SKIP() << "no such mesh here";
+  }
+  const Judgement judgement = judge(folder);
+  EXPECT_EQ(judgement.errors, Texts());
+  EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
+}
+
+INSTANTIATE_TEST_SUITE_P(Checked, CheckedRealMeshes, ::testing::Values("wingMirror", "airFoil2D"),
+                         [](const auto& row) { return std::string(row.param); });
 
 // --- Damaged meshes -----------------------------------------------------------------------------
 
@@ -159,63 +226,122 @@ const DamagedRow kDamaged[] = {
        mesh.patches[2].faceCount -= 1;
      },
      {"checkFaceZones : Face zones do not cover the full range of declared Faces"},
-     {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 6, patch xMax ends at 5, startFace 5 is expected"}},
+     {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 6, patch xMax ends at 5, startFace 5 is expected",
+      kNoPhysics}},
     {"PatchesThatOverlap",
      [](BoxMesh& mesh) { mesh.patches[2].firstFace -= 1; },
      {"checkFaceZones : Overlapping Face ranges"},
      {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 4, patch xMax ends at 5, startFace 5 is expected",
-      "checkVersion : ORV - boundary: line 17, patch yMax: startFace is 9, patch yMin ends at 8, startFace 8 is expected"}},
+      "checkVersion : ORV - boundary: line 17, patch yMax: startFace is 9, patch yMin ends at 8, startFace 8 is expected",
+      kNoPhysics}},
     {"APatchWithoutFacesInsideAnother",
      [](BoxMesh& mesh) {
        mesh.patches.push_back({"none", "patch", 0, 7, {}});
      },
      {"checkFaceZones : Overlapping Face ranges"},
-     {"checkVersion : ORV - boundary: line 20, patch none: startFace is 7, patch yMin ends at 9, startFace 9 is expected"}},
+     {"checkVersion : ORV - boundary: line 20, patch none: startFace is 7, patch yMin ends at 9, startFace 9 is expected",
+      kNoPhysics}},
     {"APatchWithoutFacesPastTheLastFace",
      [](BoxMesh& mesh) {
        mesh.patches.push_back({"none", "patch", 0, 99, {}});
      },
      {"checkFaceZones : Face zones do not cover the full range of declared Faces"},
      {"checkVersion : ORV - boundary: line 20, patch none: startFace is 99, patch zMax ends at 21, startFace 21 is expected",
-      "checkVersion : ORV - boundary: line 20, patch none: startFace 99 and nFaces 0 reach past the last face, the mesh has 21 faces"}},
+      "checkVersion : ORV - boundary: line 20, patch none: startFace 99 and nFaces 0 reach past the last face, the mesh has 21 faces",
+      kNoPhysics}},
     {"PatchesThatEndEarly",
      [](BoxMesh& mesh) { mesh.patches.pop_back(); },
      {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
-     {"checkVersion : ORV - boundary: 4 faces from 17 on are in no patch, patch zMin ends at 17"}},
+     {"checkVersion : ORV - boundary: 4 faces from 17 on are in no patch, patch zMin ends at 17",
+      kNoPhysics}},
     {"APatchPastTheLastFace",
      [](BoxMesh& mesh) { mesh.patches[5].faceCount += 1; },
      {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
-     {"checkVersion : ORV - boundary: line 19, patch zMax: startFace 17 and nFaces 5 reach past the last face, the mesh has 21 faces"}},
+     {"checkVersion : ORV - boundary: line 19, patch zMax: startFace 17 and nFaces 5 reach past the last face, the mesh has 21 faces",
+      kNoPhysics}},
     {"ACellInTwoZones",
      [](BoxMesh& mesh) {
        mesh.cellZones = {{"a", {0, 1}, {}, false}, {"b", {1, 2, 3}, {}, false}};
      },
      {"checkCellZones : Overlapping Cell ranges"},
-     {"checkVersion : ORV - cellZones: zone b, entry 0: cell 1 is in a zone already"}},
+     {"checkVersion : ORV - cellZones: zone b, entry 0: cell 1 is in a zone already", kNoPhysics}},
     {"ACellInTwoScatteredZones",
      [](BoxMesh& mesh) {
        mesh.cellZones = {{"a", {0, 2}, {}, false}, {"b", {1, 2, 3}, {}, false}};
      },
      {"checkCellZones : Mismatch in Cell zones content and total number of Cells"},
-     {"checkVersion : ORV - cellZones: zone b, entry 1: cell 2 is in a zone already"}},
+     {"checkVersion : ORV - cellZones: zone b, entry 1: cell 2 is in a zone already", kNoPhysics}},
     {"AFaceInTwoZones",
      [](BoxMesh& mesh) {
        mesh.faceZones = {{"a", {0, 2}, {}, false}, {"b", {2}, {}, false}};
      },
      {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
-     {"checkVersion : ORV - faceZones: zone b, entry 0: face 2 is in a zone already"}},
+     {"checkVersion : ORV - faceZones: zone b, entry 0: face 2 is in a zone already", kNoPhysics}},
     {"ACyclicPatchWithoutItsOtherHalf",
      [](BoxMesh& mesh) { makeCyclic(mesh.patches[0], "elsewhere"); },
      {"checkFaceZones : Face zone shadow zone id invalid"},
-     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch elsewhere is no patch"}},
+     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch elsewhere is no patch",
+      kNoPhysics}},
     {"ACyclicPatchThatIsNotNamedInReturn",
      [](BoxMesh& mesh) { makeCyclic(mesh.patches[0], "xMax"); },
      {"checkFaceZones : Face zone shadow link is not bilateral"},
-     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch xMax does not name it in return"}},
+     {"checkVersion : ORV - boundary: line 14, patch xMin: neighbourPatch xMax does not name it in return",
+      kNoPhysics}},
+    {"ACyclicPatchAcrossCellZonesThatIsNotNamedInReturn",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}};
+       makeCyclic(mesh.patches[2], "yMax");
+     },
+     {"checkFaceZones : Face zone shadow link is not bilateral",
+      "checkFaceZones : Face zone shadow link is not bilateral"},
+     {"checkVersion : ORV - boundary: line 16, patch yMin: neighbourPatch yMax does not name it in return",
+      kNoPhysics}},
+    {"PatchesThatOverlapAcrossCellZones",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}};
+       mesh.patches[2].firstFace -= 1;
+     },
+     {"checkFaceZones : Overlapping Face ranges"},
+     {"checkVersion : ORV - boundary: line 16, patch yMin: startFace is 4, patch xMax ends at 5, startFace 5 is expected",
+      "checkVersion : ORV - boundary: line 17, patch yMax: startFace is 9, patch yMin ends at 8, startFace 8 is expected",
+      kNoPhysics}},
+    {"APatchAcrossCellZonesPastTheLastFace",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}};
+       mesh.patches[5].faceCount += 1;
+     },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - boundary: line 19, patch zMax: startFace 17 and nFaces 5 reach past the last face, the mesh has 21 faces",
+      kNoPhysics}},
+    {"AWrongOwnerBetweenCellZones",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}};
+       mesh.owner[6] = 99;
+     },
+     {},
+     {"checkVersion : ORV - owner: face 6: label 99 is out of range, allowed are 0 to 3",
+      kNoPhysics}},
+    {"CellZonesWithLabelsOutOfRange",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, -1, 1}, {}, false}, {"b", {2, 99}, {}, false}};
+     },
+     {"checkCellZones : Mismatch in Cell zones content and total number of Cells"},
+     {"checkVersion : ORV - cellZones: zone a, entry 1: label -1 is out of range, allowed are 0 to 3",
+      "checkVersion : ORV - cellZones: zone b, entry 1: label 99 is out of range, allowed are 0 to 3",
+      kNoPhysics}},
+    {"AFaceZoneAcrossCellZonesWithLabelsOutOfRange",
+     [](BoxMesh& mesh) {
+       mesh.cellZones = {{"a", {0, 1}, {}, false}};
+       mesh.faceZones = {{"fan", {2, 99, 0}, {}, false}};
+     },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
+     {"checkVersion : ORV - faceZones: zone fan, entry 1: label 99 is out of range, allowed are 0 to 20",
+      kNoPhysics}},
     {"AMeshWithoutPatches",
      [](BoxMesh& mesh) { mesh.patches.clear(); },
      {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
-     {"checkVersion : ORV - boundary: 18 faces from 3 on are in no patch, the internal faces end at 3"}},
+     {"checkVersion : ORV - boundary: 18 faces from 3 on are in no patch, the internal faces end at 3",
+      kNoPhysics}},
 };
 
 class DamagedMeshes : public ::testing::TestWithParam<DamagedRow> {};

@@ -21,7 +21,7 @@ namespace {
 /// A mesh, or the parts of one by their numbers. An undivided mesh has the number -1.
 using Parts = std::map<int, BoxMesh>;
 
-/// A mesh whose faces and cells come in the order of its zones, and the shape of its cells.
+/// A mesh whose cells come in the order of its zones, and the shape of its cells.
 struct Written {
   const char* name;
   int cellShape;
@@ -33,6 +33,18 @@ struct Written {
 Parts cellZones() {
   BoxMesh mesh = makeBox(2, 2, 2);
   mesh.cellZones = {{"lower", {0, 1, 2, 3}, {}, false}, {"upper", {4, 5, 6, 7}, {}, false}};
+  return {{-1, mesh}};
+}
+
+/// A periodic pair whose halves both have faces in either zone.
+Parts periodicPairOfCellZones() {
+  BoxMesh mesh = makeBox(3, 2, 2);
+  mesh.cellZones = {{"lower", {0, 1, 2, 3, 4, 5}, {}, false},
+                    {"upper", {6, 7, 8, 9, 10, 11}, {}, false}};
+  for (const std::size_t i : {2U, 3U}) {
+    mesh.patches[i].type = "cyclic";
+    mesh.patches[i].extra = {{"neighbourPatch", mesh.patches[5 - i].name}};
+  }
   return {{-1, mesh}};
 }
 
@@ -77,6 +89,7 @@ const std::vector<Written>& written() {
        }},
       {"CellZones", base::cellShapeHexahedron, cellZones},
       {"PeriodicPair", base::cellShapeHexahedron, periodicPair},
+      {"PeriodicPairOfCellZones", base::cellShapeHexahedron, periodicPairOfCellZones},
       {"Wedges", base::cellShapeWedge, wedges},
       {"Processors", base::cellShapeHexahedron, [] {
          return Parts{{0, makeBox(2, 1, 1)}, {1, makeBox(1, 3, 1)}};
@@ -97,21 +110,23 @@ class MeshToCase {
     enterNodes();
     const auto internal = static_cast<std::int64_t>(mesh_.neighbour.size());
     if (internal > 0) {
-      case_.faces(++lastZone_, "interior", faceZoneTypeInterior, lines(0, internal));
+      enterFaces("interior", faceZoneTypeInterior, lines(0, internal));
     }
-    std::vector<int> halves;  // of a periodic pair; the second is the shadow of the first
+    std::vector<std::vector<int>> halves;  // of a periodic pair; the second is the first's shadow
     for (const BoxPatch& patch : mesh_.patches) {
       const int type =
           patch.type == "cyclic" && !halves.empty() ? base::boundaryPeriodicShadow : typeOf(patch);
-      case_.faces(++lastZone_, patch.name, type,
-                  lines(patch.firstFace, patch.firstFace + patch.faceCount));
-      typeNames_[lastZone_] = patch.type;
+      const std::vector<int> zones =
+          enterFaces(patch.name, type, lines(patch.firstFace, patch.firstFace + patch.faceCount));
+      for (const int zone : zones) {
+        typeNames_[zone] = patch.type;
+      }
       if (patch.type == "cyclic") {
-        halves.push_back(lastZone_);
+        halves.push_back(zones);
       }
     }
-    if (halves.size() == 2) {
-      case_.shadows(halves[0], halves[1]);
+    for (std::size_t i = 0; halves.size() == 2 && i < halves[0].size(); ++i) {
+      case_.shadows(halves[0][i], halves[1][i]);
     }
     enterCells(cellShape);
   }
@@ -126,6 +141,40 @@ class MeshToCase {
       points.push_back({mesh_.points[i], mesh_.points[i + 1], mesh_.points[i + 2]});
     }
     case_.nodes(++lastZone_, "nodes", points);
+  }
+
+  /// Enters one zone, or one for each two cell zones that faces lie between. Returns their ids.
+  std::vector<int> enterFaces(const std::string& name, int type,
+                              const std::vector<memory::FaceLine>& lines) {
+    std::vector<std::string> names;
+    std::map<std::string, std::vector<memory::FaceLine>> pieces;
+    for (const memory::FaceLine& line : lines) {
+      const std::string zone0 = cellZoneOf(line.cell0);
+      const std::string zone1 = line.cell1 == 0 ? zone0 : cellZoneOf(line.cell1);
+      std::string piece = name;
+      piece.append(":").append(zone0).append(zone1 == zone0 ? "" : ":" + zone1);
+      if (pieces.count(piece) == 0) {
+        names.push_back(piece);
+      }
+      pieces[piece].push_back(line);
+    }
+    std::vector<int> zones;
+    for (const std::string& piece : names) {
+      zones.push_back(++lastZone_);
+      case_.faces(lastZone_, names.size() == 1 ? name : piece, type, pieces.at(piece));
+    }
+    return zones;
+  }
+
+  std::string cellZoneOf(std::uint64_t cell) const {
+    for (const BoxZone& zone : mesh_.cellZones) {
+      for (const std::int64_t label : zone.labels) {
+        if (idOf(label) == cell) {
+          return zone.name;
+        }
+      }
+    }
+    return "cells";
   }
 
   void enterCells(int shape) {
@@ -167,6 +216,17 @@ class MeshToCase {
   std::map<int, std::string> typeNames_;
 };
 
+/// The reader lists zones with shadows in the order of the zones, not pair by pair.
+void sortShadows(memory::ZoneList<memory::Slice<std::uint64_t>>& shadows) {
+  std::vector<int> zones = shadows.zones();
+  std::sort(zones.begin(), zones.end());
+  memory::ZoneList<memory::Slice<std::uint64_t>> sorted;
+  for (const int zone : zones) {
+    sorted[zone] = *shadows.find(zone);
+  }
+  shadows = sorted;
+}
+
 cases::CasePtr caseOf(const Parts& parts, int cellShape) {
   const auto keyOf = [](int part) { return base::MeshKey{1, targetRestart, part}; };
   memory::CaseBuilder builder;
@@ -180,6 +240,9 @@ cases::CasePtr caseOf(const Parts& parts, int cellShape) {
   if (parts.count(-1) == 0) {  // the builder starts with an undivided mesh
     built->tables.meshes.erase(keyOf(-1));
     built->data.erase(keyOf(-1));
+  }
+  for (auto& mesh : built->data) {
+    sortShadows(mesh.second.faceShadows);
   }
   for (const auto& part : typeNames) {
     for (const auto& zone : part.second) {

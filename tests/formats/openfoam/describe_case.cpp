@@ -128,6 +128,20 @@ std::string describeFaces(OrvFileProvider& provider, int zone) {
   return text;
 }
 
+std::string describeShadows(OrvFileProvider& provider, int zone) {
+  std::vector<int> listed;
+  provider.beginFaceShadows(listed);
+  std::string text;
+  if (std::count(listed.begin(), listed.end(), zone) > 0) {
+    const std::uint64_t last = sizeOf(provider, zone, zoneLastId);
+    for (std::uint64_t face = sizeOf(provider, zone, zoneFirstId); face <= last; ++face) {
+      text += (text.empty() ? "" : " ") + std::to_string(provider.getFaceShadow(face));
+    }
+  }
+  provider.endFaceShadows();
+  return text;
+}
+
 std::string describeCellTypes(OrvFileProvider& provider, int zone) {
   std::vector<int> listed;
   provider.beginCellTypes(listed);

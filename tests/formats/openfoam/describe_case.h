@@ -19,6 +19,9 @@ std::string describeTables(OrvFileProvider& provider);
 /// The faces of a zone, one a line: "(1 2 3 4) 1 2" for nodes, cell 0 and cell 1.
 std::string describeFaces(OrvFileProvider& provider, int zone);
 
+/// The shadows of the faces of a zone: "7 8 9".
+std::string describeShadows(OrvFileProvider& provider, int zone);
+
 /// The cell types of a zone: "uniform 4", or "4 7 4".
 std::string describeCellTypes(OrvFileProvider& provider, int zone);
 

@@ -90,7 +90,7 @@ TEST_F(Provider, MakesAZoneOfEachCellZoneAndOfTheRest) {
   const std::string tables = describeTables(provider);
   EXPECT_EQ(
       tables.substr(tables.find("cell ")),
-      "cell 9 'rotor' [2, 3] 2: shape 4, bounded by 2 5 6 7 8\ncell 10 'inletDuct' [1, 1] 1: shape 4, bounded by 2 3 5 6 7 8\ncell 11 'default' [4, 4] 1: shape 4, bounded by 2 4 5 6 7 8\n");
+      "cell 19 'rotor' [2, 3] 2: shape 4, bounded by 2 3 4 8 11 14 17\ncell 20 'inletDuct' [1, 1] 1: shape 4, bounded by 2 5 7 10 13 16\ncell 21 'default' [4, 4] 1: shape 4, bounded by 4 6 9 12 15 18\n");
 }
 
 TEST_F(Provider, LeavesOutCellZonesWithoutCellsAndKeepsTheirNames) {
@@ -101,7 +101,7 @@ TEST_F(Provider, LeavesOutCellZonesWithoutCellsAndKeepsTheirNames) {
   const std::string tables = describeTables(provider);
   EXPECT_EQ(
       tables.substr(tables.find("cell ")),
-      "cell 9 'stator' [2, 2] 1: shape 4, bounded by 2 4 5 6 7 8\ncell 10 'default' [1, 1] 1: shape 4, bounded by 2 3 5 6 7 8\n");
+      "cell 13 'stator' [2, 2] 1: shape 4, bounded by 2 4 6 8 10 12\ncell 14 'default' [1, 1] 1: shape 4, bounded by 2 3 5 7 9 11\n");
   EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/cellZones/rotor/cells", 1).asString(),
             "0");
   EXPECT_FALSE(provider.getSettings(dataClassCase, "openfoam/cellZones/stator/cells", 1).isValid());
@@ -128,9 +128,10 @@ TEST_F(Provider, RenumbersCellsWhoseZonesAreNoRanges) {
   const std::string tables = describeTables(provider);
   EXPECT_EQ(
       tables.substr(tables.find("cell ")),
-      "cell 9 'ends' [1, 2] 2: shape 4, bounded by 2 3 4 5 6 7 8\ncell 10 'default' [3, 3] 1: shape 4, bounded by 2 5 6 7 8\n");
+      "cell 14 'ends' [1, 2] 2: shape 4, bounded by 2 3 4 5 6 8 10 12\ncell 15 'default' [3, 3] 1: shape 4, bounded by 2 3 7 9 11 13\n");
   // Cell 0 keeps id 1, cell 2 becomes 2, and cell 1 in the middle becomes 3.
-  EXPECT_EQ(describeFaces(provider, 2), "(2 6 14 10) 1 3\n(3 7 15 11) 3 2\n");
+  EXPECT_EQ(describeFaces(provider, 2), "(2 6 14 10) 1 3\n");
+  EXPECT_EQ(describeFaces(provider, 3), "(3 7 15 11) 3 2\n");
 }
 
 TEST_F(Provider, TakesInternalFacesOfFaceZonesOutOfTheInterior) {
