@@ -153,10 +153,10 @@ int zoneOf(int side) {
 
 bool OrvChecker::checkFaceUses(const OrvLocationModel& model, const std::vector<int>& faceUses,
                                const IdList& faceZones, std::vector<std::string>& faceUseNames) {
-  const int mesh = openProvider()->getMeshId();
+  const OrvFileProvider* source = openProvider();
   for (const int faceUse : faceUses) {
     std::vector<int> sides;
-    if (!model.getFaceUseZoneSides(faceUse, mesh, sides)) {
+    if (!model.getFaceUseZoneSides(faceUse, source->getMeshId(), sides)) {
       continue;
     }
     const std::string name = nameOfFaceUse(model, faceUse);
@@ -170,7 +170,8 @@ bool OrvChecker::checkFaceUses(const OrvLocationModel& model, const std::vector<
         // Kept: nothing closes the bracket of the zone, and no full stop ends the text.
         addError(1, "Location Model contains a face use (" + name +
                         ") that refers to a face zone (" + std::to_string(zone) +
-                        "that doesn't exist in the mesh (" + std::to_string(mesh) + ")");
+                        "that doesn't exist in the mesh (" + std::to_string(source->getMeshId()) +
+                        ")");
         return false;
       }
     }

@@ -13,6 +13,7 @@
 
 #include "embedded/base/shapes.h"
 #include "embedded/memory/CaseBuilder.h"
+#include "testing/Row.h"
 
 namespace velto::testing::cases {
 
@@ -29,8 +30,6 @@ using memory::CaseBuilder;
 using memory::FaceLine;
 using memory::Slice;
 
-using Points = std::vector<std::vector<double>>;
-
 const Points& cubePoints() {
   static const Points kPoints = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},
                                  {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
@@ -42,73 +41,6 @@ std::vector<FaceLine> cubeFaces() {
   return {{{1, 5, 8, 4}, 1}, {{2, 3, 7, 6}, 1}, {{1, 2, 6, 5}, 1},
           {{4, 8, 7, 3}, 1}, {{1, 4, 3, 2}, 1}, {{5, 6, 7, 8}, 1}};
 }
-
-/// A row of unit cubes along x, numbered as the box of two above.
-class Row {
- public:
-  explicit Row(std::uint64_t cells) : cells_(cells) {}
-
-  Points points() const {
-    Points points;
-    for (const double z : {0, 1}) {
-      for (const double y : {0, 1}) {
-        for (std::uint64_t x = 0; x <= cells_; ++x) {
-          points.push_back({static_cast<double>(x), y, z});
-        }
-      }
-    }
-    return points;
-  }
-
-  /// The faces of a cell, counted from 1; `after` is the one between it and the next.
-  FaceLine after(std::uint64_t cell) const { return {across(cell), cell, cell + 1}; }
-  FaceLine bottom(std::uint64_t cell) const {
-    return {{at(cell - 1, 0, 0), at(cell - 1, 1, 0), at(cell, 1, 0), at(cell, 0, 0)}, cell};
-  }
-  FaceLine top(std::uint64_t cell) const {
-    return {{at(cell - 1, 0, 1), at(cell, 0, 1), at(cell, 1, 1), at(cell - 1, 1, 1)}, cell};
-  }
-
-  /// Front and back of a cell, and the end of the row where it is there.
-  std::vector<FaceLine> sides(std::uint64_t cell) const {
-    std::vector<FaceLine> faces;
-    if (cell == 1) {
-      faces.push_back({{at(0, 0, 0), at(0, 0, 1), at(0, 1, 1), at(0, 1, 0)}, cell});
-    }
-    if (cell == cells_) {
-      faces.push_back({across(cell), cell});
-    }
-    faces.push_back(
-        {{at(cell - 1, 0, 0), at(cell, 0, 0), at(cell, 0, 1), at(cell - 1, 0, 1)}, cell});
-    faces.push_back(
-        {{at(cell - 1, 1, 0), at(cell - 1, 1, 1), at(cell, 1, 1), at(cell, 1, 0)}, cell});
-    return faces;
-  }
-
-  /// The boundary faces of the cells from `first` to `last`.
-  std::vector<FaceLine> walls(std::uint64_t first, std::uint64_t last) const {
-    std::vector<FaceLine> faces;
-    for (std::uint64_t cell = first; cell <= last; ++cell) {
-      for (const FaceLine& side : sides(cell)) {
-        faces.push_back(side);
-      }
-      faces.push_back(bottom(cell));
-      faces.push_back(top(cell));
-    }
-    return faces;
-  }
-
- private:
-  std::uint64_t at(std::uint64_t x, std::uint64_t y, std::uint64_t z) const {
-    return 1 + x + (cells_ + 1) * (y + 2 * z);
-  }
-
-  memory::Ids across(std::uint64_t x) const {
-    return {at(x, 0, 0), at(x, 1, 0), at(x, 1, 1), at(x, 0, 1)};
-  }
-
-  std::uint64_t cells_;
-};
 
 /// Leaves of a case only its post targets, whose faces know no cells beside them.
 CasePtr asPost(CasePtr built) {
@@ -293,7 +225,8 @@ const std::vector<NamedCase>& all() {
                                               {"PostHex", postHex},
                                               {"PostPolyhedron", postPolyhedron},
                                               {"WithResults", withResults},
-                                              {"WithPartitions", withPartitions}};
+                                              {"WithPartitions", withPartitions},
+                                              {"WithPhysics", withPhysics}};
   return kAll;
 }
 

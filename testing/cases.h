@@ -64,6 +64,23 @@ CasePtr withResults();
 /// and 1, with cell zone 3 "fluid", whose cells say which partition they are meant for.
 CasePtr withPartitions();
 
+/// A row of three hexahedra with a location model and physics objects of every kind: face zones 2
+/// "screen" (1, interior), 3 "contact" (1, two-sided), 4 "fluid walls" (9) and 5 "solid walls" (5),
+/// cell zones 6 "fluid" (2) and 7 "solid" (1).
+///
+///     part "assembly" (1)
+///       body 2 "channel"     zones 6 and 2; uses 5 "channel walls" (side 4) and 7 (side 3)
+///       body 3 "heater"      zone 7; uses 8 "heater contact" (side -3) and 10 "heater walls"
+///                            (side 5)
+///       faces                4 "hull", 6 "contact", 9 "shell"; 7 is "contact@channel" only
+///       composites           11 "metal" of body 3, 12 "wetted" of the uses 5 and 7
+///     domains                "water" in channel, "steel" in metal
+///     subdomains             "heating" in heater
+///     boundaries             "screen", "friction" on wetted, "insulation" on heater walls,
+///                            "water side" on contact@channel, "steel side" on heater contact
+///     interfaces             "heat transfer" from water side to steel side
+CasePtr withPhysics();
+
 /// A case of this header by its name.
 struct NamedCase {
   std::string name;

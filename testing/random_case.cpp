@@ -5,8 +5,11 @@
 #include "testing/random_case.h"
 
 #include <limits>
+#include <set>
+#include <utility>
 
 #include "embedded/base/shapes.h"
+#include "testing/random_model.h"
 #include "testing/random_pick.h"
 
 namespace velto::testing {
@@ -93,7 +96,7 @@ class SoundMesh {
     }
     if (category == zoneCategoryFace) {
       filled.faceInfo[faceZoneFaceType] = random_.between(0, 5);
-      filled.faceInfo[faceZoneType] = random_.pick<int>({-1, 2, 3, 7, 8, 12, 14});
+      filled.faceInfo[faceZoneType] = random_.pick<int>({-1, 2, 2, 2, 3, 7, 8, 12, 14});
     }
     if (category == zoneCategoryCell) {
       filled.cellInfo[cellZoneCellType] = random_.between(0, 7);
@@ -143,15 +146,40 @@ class SoundMesh {
     }
   }
 
+  /// At most one leaf cell zone is on a side, so that a location model can be built.
   void addRelation() {
     const std::vector<int>& faces = mesh_.idsOf(zoneCategoryFace);
+    std::set<std::pair<int, std::size_t>> taken;
     for (const int cell : mesh_.idsOf(zoneCategoryCell)) {
+      const bool isLeaf = zone(cell).cellInfo[cellZoneChild].value_or(0) == 0;
       const int always = random_.pick(faces);
       for (const int face : faces) {
-        if (face == always || random_.chance(50)) {
-          zone(cell).boundingFaceZones.push_back(face);
-          zone(face).sideCellZones[random_.chance(70) ? 0 : 1].push_back(cell);
+        if (face != always && !random_.chance(50)) {
+          continue;
         }
+        zone(cell).boundingFaceZones.push_back(face);
+        const bool mayBeInside = zone(face).faceInfo[faceZoneType] == faceZoneTypeInterior;
+        const int sides = mayBeInside && random_.chance(50) ? 2 : random_.chance(60) ? 0 : 1;
+        for (const std::size_t side : {0U, 1U}) {
+          const bool isMeant = sides == 2 || sides == static_cast<int>(side);
+          if (isMeant && (!isLeaf || taken.insert({face, side}).second)) {
+            zone(face).sideCellZones[side].push_back(cell);
+          }
+        }
+      }
+    }
+    settleInteriorZones();
+  }
+
+  /// Whether an interior zone of one side lies in a body is told by its first face, of which
+  /// nothing is known here.
+  void settleInteriorZones() {
+    for (const int face : mesh_.idsOf(zoneCategoryFace)) {
+      ZoneRecord& settled = zone(face);
+      const bool hasBothSides =
+          !settled.sideCellZones[0].empty() && !settled.sideCellZones[1].empty();
+      if (settled.faceInfo[faceZoneType] == faceZoneTypeInterior && !hasBothSides) {
+        settled.faceInfo[faceZoneType] = faceZoneType14;
       }
     }
   }
@@ -227,6 +255,8 @@ memory::Case randomSoundCase(Random& random) {
     }
     id += random.between(1, 3);
   }
+  addSoundModel(made, random);
+  addSoundPhysics(made, random);
   return made;
 }
 

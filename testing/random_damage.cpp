@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Random damage to a case: which kind of it, and the damage that is to no mesh.
+// Random damage to a case: which kind of it, and the damage to its head.
 
 #include <cstddef>
 #include <utility>
@@ -8,6 +8,7 @@
 
 #include "testing/MeshDamage.h"
 #include "testing/random_case.h"
+#include "testing/random_model.h"
 #include "testing/random_pick.h"
 
 namespace velto::testing {
@@ -55,6 +56,13 @@ const std::vector<Kind>& kinds() {
 std::string damage(memory::Case& damaged, Random& random) {
   if (damaged.tables.meshes.empty() || random.chance(3)) {
     return damageHead(damaged.tables, random);
+  }
+  const int choice = random.between(0, 99);
+  if (choice < 14) {
+    return damageModel(damaged, random);
+  }
+  if (choice < 32) {
+    return damageSettings(damaged, random);
   }
   const base::MeshKey key = anyMesh(damaged.tables, random);
   const Kind kind = random.pick(kinds());

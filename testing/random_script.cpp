@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "testing/random_pick.h"
@@ -145,8 +146,8 @@ Event moveSelection(Random& random) {
   }
 }
 
-Event anyEvent(const MeshTables& mesh, Random& random) {
-  const int choice = random.between(0, 99);
+Event anyEvent(const MeshTables& mesh, ModelWalk walk, Random& random) {
+  const int choice = walk == ModelWalk::buildsModel ? 0 : random.between(0, 99);
   return choice < 66   ? postMessages(random)
          : choice < 86 ? changeZoneList(mesh, random)
          : choice < 92 ? changeMeshSize(random)
@@ -173,9 +174,33 @@ const std::vector<std::string>& calls() {
                                                   "beginFaceTree",       "endFaceTree",
                                                   "getZoneSizeInfo",     "getZoneStringInfo",
                                                   "getFaceZoneInfo",     "getCellZoneInfo",
+                                                  "beginFaceCell0",      "endFaceCell1",
+                                                  "getFaceCell0",        "getLocationModel",
+                                                  "getSettings",         "hasTarget",
+                                                  "getFaceZoneType",     "getFaceZoneProp",
                                                   "hasWarning",          "hasError",
                                                   "getWarnings",         "getErrors"};
   return kCalls;
+}
+
+bool isCountable(const std::string& call, ModelWalk walk) {
+  static const std::set<std::string> kOfABuild = {
+      "getFaceZoneInfo", "getCellZoneInfo",    "getZoneSizeInfo",     "getZoneStringInfo",
+      "getFaceZoneType", "getCellFaceZoneIds", "getFaceCellZone0Ids", "getFaceCellZone1Ids",
+      "getFaceZoneProp", "getSolverType"};
+  if (call == "getMeshId") {
+    return walk == ModelWalk::asksNoModel;
+  }
+  return walk != ModelWalk::buildsModel || kOfABuild.count(call) == 0;
+}
+
+std::string anyCall(ModelWalk walk, Random& random) {
+  while (true) {
+    std::string call = random.pick(calls());
+    if (isCountable(call, walk)) {
+      return call;
+    }
+  }
 }
 
 /// What may stand in the answer of a list.
@@ -221,7 +246,8 @@ std::string answerAnotherVersion(ScriptedProvider& provider, Random& random) {
 
 }  // namespace
 
-std::string misbehave(ScriptedProvider& provider, const memory::Case& served, Random& random) {
+std::string misbehave(ScriptedProvider& provider, const memory::Case& served, ModelWalk walk,
+                      Random& random) {
   const int choice = random.between(0, 99);
   if (choice < 5) {
     return answerAnotherVersion(provider, random);
@@ -229,9 +255,9 @@ std::string misbehave(ScriptedProvider& provider, const memory::Case& served, Ra
   if (choice < 25) {
     return answerOtherwise(provider, served, random);
   }
-  const std::string call = random.pick(calls());
+  const std::string call = anyCall(walk, random);
   const MeshTables& mesh = anyTables(served, random);
-  Event event = anyEvent(mesh, random);
+  Event event = anyEvent(mesh, walk, random);
   if (random.chance(6)) {
     provider.on(call, std::move(event.action));
     return "each " + call + " " + event.text;
@@ -239,6 +265,42 @@ std::string misbehave(ScriptedProvider& provider, const memory::Case& served, Ra
   const int nth = random.chance(70) ? random.between(1, 4) : random.between(1, 40);
   provider.on(call, nth, std::move(event.action));
   return call + " number " + std::to_string(nth) + " " + event.text;
+}
+
+std::string misbehave(LocationModelScript& script, Random& random) {
+  const std::string call = random.pick<std::string>({"createPart",
+                                                     "createBody",
+                                                     "createFace",
+                                                     "createFaceUse",
+                                                     "createFaceUse",
+                                                     "createFaceUse",
+                                                     "setBodyZones",
+                                                     "setFaceUseZoneSides",
+                                                     "createFaceUse",
+                                                     "setFaceUseName",
+                                                     "findFace",
+                                                     "getParts",
+                                                     "getPartBodies",
+                                                     "getPartFaceUses",
+                                                     "getPartComposites",
+                                                     "getBodyName",
+                                                     "getBodyZones",
+                                                     "getFaceSides",
+                                                     "getFaceUseName",
+                                                     "getFaceUseName",
+                                                     "getFaceUseRelativeName",
+                                                     "getCompositeName",
+                                                     "getFaceUseZoneSides",
+                                                     "resolveComposite",
+                                                     "resolveComposite"});
+  const int nth = random.chance(30) ? 0 : random.between(1, 3);
+  const std::string which = nth == 0 ? "each " + call : call + " number " + std::to_string(nth);
+  if (random.chance(60)) {
+    script.refuse(call, nth);
+    return which + " of location models is refused";
+  }
+  script.deny(call, nth);
+  return which + " of location models is denied";
 }
 
 }  // namespace velto::testing

@@ -17,13 +17,15 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// A tetrahedron, written down face by face: its nodes in loop order, outwards, and its cell.
+/// A tetrahedron, written down face by face: its nodes in loop order, outwards, and its cell. Its
+/// one physics object lies in the body that bears the name of the cell zone.
 std::shared_ptr<memory::Case> tetrahedron() {
   return memory::CaseBuilder()
       .nodes(1, "points", {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}})
       .faces(2, "walls", base::boundaryWall,
              {{{1, 3, 2}, 1}, {{1, 2, 4}, 1}, {{2, 3, 4}, 1}, {{3, 1, 4}, 1}})
       .cells(3, "fluid", base::cellShapeTetrahedron, 1)
+      .setting("domains/air/location", "fluid")
       .build();
 }
 

@@ -112,6 +112,13 @@ class CheckerFixture : public ::testing::Test {
   TestFactory factory_;
 };
 
+/// For the checks of zones: leaves out the location model, which has messages of its own about
+/// them.
+class ZoneChecksFixture : public CheckerFixture {
+ protected:
+  ZoneChecksFixture() { checker.setNoLM(true); }
+};
+
 }  // namespace velto::testing
 
 #endif  // VELTO_TESTS_CHECKER_CHECKER_FIXTURE_H

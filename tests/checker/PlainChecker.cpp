@@ -115,6 +115,7 @@ bool PlainChecker::checkCase(const std::string& fileName) {
   if (!checkORVErrors()) {
     return false;
   }
+  checkTopologyModel();
   std::vector<int> meshes;
   provider_->getMeshIds(meshes, dataClassCase);
   std::set<int> met;
@@ -201,6 +202,10 @@ bool PlainChecker::checkSelected() {
     return true;
   }
   if (!checkMeshSize() || !checkMeshConnectivity()) {
+    return false;
+  }
+  checkPhysicsToMeshMap();
+  if (!checkORVErrors()) {
     return false;
   }
   checkCellZoneConnectivityTypes();

@@ -23,8 +23,8 @@ namespace velto::testing {
 /// tell when a shortcut of the checker changes a message, its place, or a call on the provider. It
 /// was written from the rules; to take over code of the checker would take over its mistakes.
 ///
-/// It grows with the checker: at present it covers check levels 0 and 1, without the location model
-/// and the physics objects. Level 2 runs what level 1 does.
+/// It grows with the checker: at present it covers check levels 0 and 1. Level 2 runs what level 1
+/// does.
 class PlainChecker {
  public:
   /// The caller owns what a maker gives; null for a file of no known format.
@@ -41,6 +41,7 @@ class PlainChecker {
   void setMeshId(int value) { meshId_ = value; }
   void setPartitionId(int value) { partitionId_ = value; }
   void setTarget(const std::string& word);
+  void setNoLM(bool value) { noLM_ = value; }
   bool checkCase(const std::string& fileName);
   const std::vector<std::string>& getErrors() const { return errors_; }
   const std::vector<std::string>& getWarnings() const { return warnings_; }
@@ -90,6 +91,27 @@ class PlainChecker {
   void checkShadow(int zone, int shadow, const std::vector<int>& zones);
   void checkCellZone(int zone, std::uint64_t dimension, const std::vector<int>& zones, int kind);
 
+  // plain_location_model.cpp: the location model against the zones of a mesh
+  struct Names;
+  void checkTopologyModel();
+  bool checkLocationModel(const OrvLocationModel& model, Names& names);
+  bool checkBodies(const OrvLocationModel& model, const std::vector<int>& bodies, Names& names);
+  bool checkBodyZone(int zone, const std::string& body, Names& names);
+  bool checkFaceUses(const OrvLocationModel& model, const std::vector<int>& faceUses, Names& names);
+  bool failForMember(const std::string& composite, const std::string& kind, int id);
+  bool checkComposites(const OrvLocationModel& model, int part, const std::vector<int>& bodies,
+                       const std::vector<int>& faceUses, Names& names);
+
+  // plain_physics.cpp: the physics objects against the names of the model
+  void checkPhysicsToMeshMap();
+  void checkPhysicsAgainst(const OrvLocationModel& model, bool hasPhysics);
+  bool isSet(const std::string& path) const;
+  std::vector<std::string> namesAt(const std::string& path) const;
+  bool checkPhysicsModel(const Names& names);
+  bool checkAttribute(const std::string& kind, const std::string& name,
+                      const std::string& attribute, std::vector<std::string> valid, bool optional);
+  bool failForUnknown(const std::string& attribute, const std::string& name);
+
   std::uint64_t meshSize(OrvMeshSizeType key) const;
   std::uint64_t zoneSize(int zone, OrvZoneSizeType key) const;
   std::string zoneText(int zone, OrvZoneStringInfoType key) const;
@@ -102,6 +124,7 @@ class PlainChecker {
   int meshId_ = 0;
   int partitionId_ = -1;
   int target_ = -1;
+  bool noLM_ = false;
   int mode_ = 0;
   std::vector<int> kinds_;
   std::string currentStep_;
@@ -109,6 +132,17 @@ class PlainChecker {
   std::vector<std::string> warnings_;
   std::ostringstream out_;
   std::ostringstream err_;
+};
+
+/// What a location model has names for; a physics object may lie there.
+struct PlainChecker::Names {
+  std::vector<int> faceZones;  // of the mesh
+  std::vector<int> cellZones;
+  std::vector<std::string> bodies;
+  std::vector<std::string> faceUses;
+  std::vector<std::string> bulkZones;
+  std::vector<std::string> bodyComposites;
+  std::vector<std::string> faceUseComposites;
 };
 
 /// True if `value` stands in a list.

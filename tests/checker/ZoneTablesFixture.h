@@ -28,7 +28,7 @@ struct Zone {
 cases::CasePtr withZones(OrvZoneCategory category, std::uint64_t nmax,
                          const std::vector<Zone>& zones);
 
-class ZoneTablesFixture : public CheckerFixture {
+class ZoneTablesFixture : public ZoneChecksFixture {
  protected:
   /// A whole run over a case.
   CheckResult run(const cases::CasePtr& served) {

@@ -12,6 +12,7 @@ namespace {
 using Step = bool (OrvChecker::*)();
 using VersionStep = bool (OrvChecker::*)(OrvDataClass);
 using Display = void (OrvChecker::*)(const std::string&, const std::string&);
+using Names = std::vector<std::string>;
 using Log = void (OrvChecker::*)(int, const std::string&);
 
 template <class Tag, typename Tag::Member kMember>
@@ -63,6 +64,29 @@ struct CheckCellZoneConnectivityTypes {
   using Member = Step;
   friend Step memberOf(CheckCellZoneConnectivityTypes);
 };
+struct CheckTopologyModel {
+  using Member = Step;
+  friend Step memberOf(CheckTopologyModel);
+};
+struct CheckPhysicsToMeshMap {
+  using Member = Step;
+  friend Step memberOf(CheckPhysicsToMeshMap);
+};
+struct CheckLocationModel {
+  using Member = bool (OrvChecker::*)(const OrvLocationModel*, Names&, Names&, Names&, Names&,
+                                      Names&);
+  friend Member memberOf(CheckLocationModel);
+};
+struct CheckPhysicsModel {
+  using Member = bool (OrvChecker::*)(const Names&, const Names&, const Names&, const Names&,
+                                      const Names&);
+  friend Member memberOf(CheckPhysicsModel);
+};
+struct CheckPhysicsObject {
+  using Member = bool (OrvChecker::*)(const std::string&, const std::string&, const std::string&,
+                                      const Names&, bool);
+  friend Member memberOf(CheckPhysicsObject);
+};
 struct CheckNodeZones {
   using Member = Step;
   friend Step memberOf(CheckNodeZones);
@@ -103,6 +127,11 @@ template struct Grant<CheckSolverType, &OrvChecker::checkSolverType>;
 template struct Grant<CheckMeshSize, &OrvChecker::checkMeshSize>;
 template struct Grant<CheckMeshConnectivity, &OrvChecker::checkMeshConnectivity>;
 template struct Grant<CheckCellZoneConnectivityTypes, &OrvChecker::checkCellZoneConnectivityTypes>;
+template struct Grant<CheckTopologyModel, &OrvChecker::checkTopologyModel>;
+template struct Grant<CheckPhysicsToMeshMap, &OrvChecker::checkPhysicsToMeshMapUsingTopologyModel>;
+template struct Grant<CheckLocationModel, &OrvChecker::checkLocationModel>;
+template struct Grant<CheckPhysicsModel, &OrvChecker::checkPhysicsModel>;
+template struct Grant<CheckPhysicsObject, &OrvChecker::checkPhysicsObject>;
 template struct Grant<CheckNodeZones, &OrvChecker::checkNodeZones>;
 template struct Grant<CheckFaceZones, &OrvChecker::checkFaceZones>;
 template struct Grant<CheckCellZones, &OrvChecker::checkCellZones>;
@@ -147,6 +176,29 @@ bool checkMeshConnectivity(OrvChecker& checker) {
 
 bool checkCellZoneConnectivityTypes(OrvChecker& checker) {
   return (checker.*memberOf(CheckCellZoneConnectivityTypes{}))();
+}
+
+bool checkTopologyModel(OrvChecker& checker) { return (checker.*memberOf(CheckTopologyModel{}))(); }
+
+bool checkPhysicsToMeshMapUsingTopologyModel(OrvChecker& checker) {
+  return (checker.*memberOf(CheckPhysicsToMeshMap{}))();
+}
+
+bool checkLocationModel(OrvChecker& checker, const OrvLocationModel& model, LocationNames& names) {
+  return (checker.*memberOf(CheckLocationModel{}))(&model, names.bodies, names.faceUses,
+                                                   names.bulkZones, names.bodyComposites,
+                                                   names.faceUseComposites);
+}
+
+bool checkPhysicsModel(OrvChecker& checker, const LocationNames& names) {
+  return (checker.*memberOf(CheckPhysicsModel{}))(names.bodies, names.faceUses, names.bulkZones,
+                                                  names.bodyComposites, names.faceUseComposites);
+}
+
+bool checkPhysicsObject(OrvChecker& checker, const std::string& kind, const std::string& name,
+                        const std::string& attribute, const std::vector<std::string>& validNames,
+                        bool optional) {
+  return (checker.*memberOf(CheckPhysicsObject{}))(kind, name, attribute, validNames, optional);
 }
 
 bool checkNodeZones(OrvChecker& checker) { return (checker.*memberOf(CheckNodeZones{}))(); }

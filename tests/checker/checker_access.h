@@ -26,6 +26,28 @@ bool checkMeshSize(OrvChecker& checker);
 bool checkMeshConnectivity(OrvChecker& checker);
 bool checkCellZoneConnectivityTypes(OrvChecker& checker);
 int judgeConnectivity(OrvChecker& checker, int zone, int kind, bool restart);
+bool checkTopologyModel(OrvChecker& checker);
+bool checkPhysicsToMeshMapUsingTopologyModel(OrvChecker& checker);
+
+/// The names that checkLocationModel appends to, each list in the place of its argument.
+struct LocationNames {
+  std::vector<std::string> bodies;
+  std::vector<std::string> faceUses;
+  std::vector<std::string> bulkZones;
+  std::vector<std::string> bodyComposites;
+  std::vector<std::string> faceUseComposites;
+
+  friend bool operator==(const LocationNames& a, const LocationNames& b) {
+    return a.bodies == b.bodies && a.faceUses == b.faceUses && a.bulkZones == b.bulkZones &&
+           a.bodyComposites == b.bodyComposites && a.faceUseComposites == b.faceUseComposites;
+  }
+};
+
+bool checkLocationModel(OrvChecker& checker, const OrvLocationModel& model, LocationNames& names);
+bool checkPhysicsModel(OrvChecker& checker, const LocationNames& names);
+bool checkPhysicsObject(OrvChecker& checker, const std::string& kind, const std::string& name,
+                        const std::string& attribute, const std::vector<std::string>& validNames,
+                        bool optional);
 bool checkNodeZones(OrvChecker& checker);
 bool checkFaceZones(OrvChecker& checker);
 bool checkCellZones(OrvChecker& checker);

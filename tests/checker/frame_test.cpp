@@ -177,6 +177,7 @@ TEST_F(Verbosity, ThreeShowsSteps) {
             "- checkVersion - getFileVersion\n"
             "Version: 3.4.5\n"
             "- checkSolverType - getSolverType\n"
+            "- checkTopologyModel - Checking for location model.\n"
             "Processing mesh : 1\n"
             "Processing target : 0\n"
             "Processing target : 2\n"

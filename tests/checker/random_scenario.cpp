@@ -7,9 +7,12 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <set>
 #include <utility>
 
+#include "embedded/base/OrvLocationModelState.h"
 #include "testing/random_case.h"
+#include "testing/random_model.h"
 #include "testing/random_script.h"
 #include "tests/checker/PlainChecker.h"
 #include "tests/checker/checker_access.h"
@@ -54,6 +57,62 @@ const std::string& readableFile() {
 
 std::string missingFile() { return ::testing::TempDir() + "velto_checker_no_such_file"; }
 
+/// Takes the steps that seeds stand for, and writes them down unless `steps` is null.
+template <class Step>
+void takeSteps(const std::vector<std::uint64_t>& seeds, Texts* steps, const Step& step) {
+  for (const std::uint64_t seed : seeds) {
+    Random ofStep(seed);
+    const std::string text = step(ofStep);
+    if (steps != nullptr) {
+      steps->push_back(text);
+    }
+  }
+}
+
+/// Calls without the queries that a build may make in any number: between the question for the
+/// model and what comes after the build, and the mesh id up to the end of the check.
+Transcript comparable(const Transcript& calls) {
+  static const std::set<std::string> kOfABuild = {"getFaceZoneInfo",
+                                                  "getCellZoneInfo",
+                                                  "getZoneSizeInfo",
+                                                  "getZoneStringInfo",
+                                                  "getFaceZoneType",
+                                                  "getCellFaceZoneIds",
+                                                  "getFaceCellZone0Ids",
+                                                  "getFaceCellZone1Ids",
+                                                  "getFaceZoneProp",
+                                                  "getSolverType",
+                                                  "getMeshId"};
+  Transcript kept;
+  bool isInBuild = false;
+  bool isInCheck = false;
+  for (const std::string& call : calls) {
+    const std::string operation = operationOf(call);
+    if (operation == "getLocationModel") {
+      isInBuild = true;
+      isInCheck = true;
+    }
+    isInBuild = isInBuild && operation != "getSettings" && operation != "hasWarning";
+    isInCheck = isInCheck && operation != "hasWarning";
+    const bool isLeftOut =
+        (isInBuild && kOfABuild.count(operation) > 0) || (isInCheck && operation == "getMeshId");
+    if (!isLeftOut) {
+      kept.push_back(call);
+    }
+  }
+  return kept;
+}
+
+/// What the walk of a run does about location models. What a model refuses may bring a build about.
+ModelWalk walkOf(const ScenarioRun& run, const memory::Case& served) {
+  if (run.noLM) {
+    return ModelWalk::asksNoModel;
+  }
+  const OrvLocationModel* model = served.tables.locationModel.get();
+  const bool hasParts = model != nullptr && !OrvLocationModel::State::of(*model).parts.empty();
+  return hasParts && run.refusalSeeds.empty() ? ModelWalk::asksModel : ModelWalk::buildsModel;
+}
+
 /// The runs of a scenario, what they open, and the calls on that.
 class Stage {
  public:
@@ -68,9 +127,12 @@ class Stage {
       for (const ScenarioRun& run : scenario_) {
         run_ = &run;
         setOptions(subject.checker);
+        LocationModelScript script(&calls_);
+        refuseAsIn(run, script);
         const bool isMissing = run.file == FileKind::isMissing;
         judgements.push_back(subject.check(isMissing ? missingFile() : readableFile()));
-        judgements.back().calls.swap(calls_);
+        judgements.back().calls = comparable(calls_);
+        calls_.clear();
       }
     }
     Transcript& last = judgements.back().calls;
@@ -81,6 +143,7 @@ class Stage {
  private:
   template <class Checker>
   void setOptions(Checker& checker) const {
+    checker.setNoLM(run_->noLM);
     if (run_->verbosity) {
       checker.setVerbosity(*run_->verbosity);
     }
@@ -165,6 +228,9 @@ Scenario randomScenario(std::uint64_t seed) {
     }
     run.damageSeeds = randomSeeds(random.pick<std::size_t>({0, 0, 1, 1, 1, 2, 2, 3, 4, 6}), random);
     run.misbehaviourSeeds = randomSeeds(random.chance(60) ? 0 : 1 + random.below(3), random);
+    run.confusionSeeds = randomSeeds(random.chance(85) ? 0 : 1 + random.below(2), random);
+    run.refusalSeeds = randomSeeds(random.chance(75) ? 0 : 1 + random.below(2), random);
+    run.noLM = random.chance(15);
     drawOptions(run, isFirst, random);
   }
   return scenario;
@@ -173,25 +239,20 @@ Scenario randomScenario(std::uint64_t seed) {
 cases::CasePtr makeCase(const ScenarioRun& run, Texts* steps) {
   Random random(run.caseSeed);
   auto made = std::make_shared<memory::Case>(randomSoundCase(random));
-  for (const std::uint64_t seed : run.damageSeeds) {
-    Random ofStep(seed);
-    const std::string text = damage(*made, ofStep);
-    if (steps != nullptr) {
-      steps->push_back(text);
-    }
-  }
+  takeSteps(run.damageSeeds, steps, [&](Random& ofStep) { return damage(*made, ofStep); });
+  takeSteps(run.confusionSeeds, steps, [&](Random& ofStep) { return confuseModel(*made, ofStep); });
   return made;
 }
 
 void misbehaveAsIn(const ScenarioRun& run, ScriptedProvider& provider, const memory::Case& served,
                    Texts* steps) {
-  for (const std::uint64_t seed : run.misbehaviourSeeds) {
-    Random ofStep(seed);
-    const std::string text = misbehave(provider, served, ofStep);
-    if (steps != nullptr) {
-      steps->push_back(text);
-    }
-  }
+  takeSteps(run.misbehaviourSeeds, steps, [&](Random& ofStep) {
+    return misbehave(provider, served, walkOf(run, served), ofStep);
+  });
+}
+
+void refuseAsIn(const ScenarioRun& run, LocationModelScript& script, Texts* steps) {
+  takeSteps(run.refusalSeeds, steps, [&](Random& ofStep) { return misbehave(script, ofStep); });
 }
 
 std::vector<Judgement> judge(const Scenario& scenario) {

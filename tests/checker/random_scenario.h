@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "testing/ScriptedLocationModel.h"
 #include "tests/checker/CheckerFixture.h"
 
 namespace velto::testing {
@@ -23,7 +24,10 @@ struct ScenarioRun {
   FileKind file = FileKind::isCase;
   std::uint64_t caseSeed = 0;
   std::vector<std::uint64_t> damageSeeds;
+  std::vector<std::uint64_t> confusionSeeds;  // what is done to the location model after that
   std::vector<std::uint64_t> misbehaviourSeeds;
+  std::vector<std::uint64_t> refusalSeeds;  // of location models
+  bool noLM = false;                        // always set, unlike the options below
   std::optional<int> verbosity;
   std::optional<int> checkLevel;
   std::optional<int> meshId;
@@ -40,8 +44,11 @@ Scenario randomScenario(std::uint64_t seed);
 cases::CasePtr makeCase(const ScenarioRun& run, Texts* steps = nullptr);
 void misbehaveAsIn(const ScenarioRun& run, ScriptedProvider& provider, const memory::Case& served,
                    Texts* steps = nullptr);
+void refuseAsIn(const ScenarioRun& run, LocationModelScript& script, Texts* steps = nullptr);
 
-/// What a run gave, with the calls that it took and what it leaves for the next.
+/// What a run gave, with the calls that it took and what it leaves for the next. Calls on location
+/// models stand among those on the provider; left out are the queries that a build may make in any
+/// number.
 struct Judgement : CheckResult {
   Transcript calls;
   std::vector<int> cellZoneConnectivityTypes;

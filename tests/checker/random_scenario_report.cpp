@@ -60,11 +60,14 @@ void describe(std::ostream& out, const ScenarioRun& run) {
   describeOption(out, "mesh", run.meshId);
   describeOption(out, "partition", run.partitionId);
   describeOption(out, "target", run.target);
+  out << (run.noLM ? ", without location model" : "");
   out << "\n";
   Texts steps;
   const cases::CasePtr served = makeCase(run, &steps);
   ScriptedProvider provider(served);
   misbehaveAsIn(run, provider, *served, &steps);
+  LocationModelScript script;
+  refuseAsIn(run, script, &steps);
   for (const std::string& step : steps) {
     out << "  " << step << "\n";
   }
@@ -89,7 +92,8 @@ std::vector<Scenario> smaller(const Scenario& scenario) {
     all = withoutOne(scenario);
   }
   for (std::size_t i = 0; i < scenario.size(); ++i) {
-    for (const auto seeds : {&ScenarioRun::damageSeeds, &ScenarioRun::misbehaviourSeeds}) {
+    for (const auto seeds : {&ScenarioRun::damageSeeds, &ScenarioRun::confusionSeeds,
+                             &ScenarioRun::misbehaviourSeeds, &ScenarioRun::refusalSeeds}) {
       for (const auto& fewer : withoutOne(scenario[i].*seeds)) {
         all.push_back(scenario);
         all.back()[i].*seeds = fewer;

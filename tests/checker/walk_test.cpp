@@ -3,6 +3,8 @@
 // The walk: the order of calls, the filters, and what ends it. Most tests run at check level 0,
 // where a pass does no more than select its mesh, target and partition.
 
+#include <sstream>
+
 #include "tests/checker/CheckerFixture.h"
 
 namespace velto::testing {
@@ -23,12 +25,13 @@ class Walk : public CheckerFixture {
 
 TEST_F(Walk, CallsTheProviderInOrder) {
   EXPECT_TRUE(check().good);
-  EXPECT_EQ(calls(),
-            Transcript({"setBaseOption(true)", "startReading(FILE, 0)", "getFileVersion(0)",
-                        "hasWarning()", "hasError()", "getSolverType()", "hasWarning()",
-                        "hasError()", "getMeshIds(0)", "getTargets(1, 0)", "getPartitionIds(1, 0)",
-                        "setMeshId(1)", "setTarget(0)", "setPartitionId(-1)", "hasWarning()",
-                        "hasError()", "hasWarning()", "hasError()"}));
+  EXPECT_EQ(
+      calls(),
+      Transcript({"setBaseOption(true)", "startReading(FILE, 0)", "getFileVersion(0)",
+                  "hasWarning()", "hasError()", "getSolverType()", "hasWarning()", "hasError()",
+                  "getLocationModel()", "getMeshIds(0)", "getTargets(1, 0)",
+                  "getPartitionIds(1, 0)", "setMeshId(1)", "setTarget(0)", "setPartitionId(-1)",
+                  "hasWarning()", "hasError()", "hasWarning()", "hasError()"}));
 }
 
 TEST_F(Walk, EndsAtAFileThatDoesNotExist) {
@@ -129,6 +132,7 @@ TEST_F(Walk, DoesNothingForAFileWithoutMeshes) {
             "- checkVersion - getFileVersion\n"
             "Version: 3.4.5\n"
             "- checkSolverType - getSolverType\n"
+            "- checkTopologyModel - Checking for location model.\n"
             "- checkCase - availableTargets\n");
   EXPECT_EQ(callsOf({"getTargets", "getPartitionIds", "setMeshId"}), Transcript());
 }
@@ -252,6 +256,7 @@ TEST_F(Walk, GivesNoStepAndNoWarningAtTheEndOfAWalkThatFailed) {
             "- checkVersion - getFileVersion\n"
             "Version: 3.4.5\n"
             "- checkSolverType - getSolverType\n"
+            "- checkTopologyModel - Checking for location model.\n"
             "Processing mesh : 1\n"
             "Processing target : 0\n"
             "Processing target : 1\n");
@@ -325,9 +330,46 @@ TEST_F(Walk, HasCheckLevelOneByDefault) {
   EXPECT_EQ(check(fresh, file.path()).errors, Texts({"checkMeshSize : Invalid mesh dimension"}));
 }
 
+/// The label of each step line, the first of several in a row only.
+Texts stepsOf(const std::string& out) {
+  Texts steps;
+  std::istringstream lines(out);
+  for (std::string line; std::getline(lines, line);) {
+    const std::string step =
+        line.compare(0, 2, "- ") == 0 ? line.substr(2, line.find(" - ", 2) - 2) : "";
+    if (!step.empty() && (steps.empty() || steps.back() != step)) {
+      steps.push_back(step);
+    }
+  }
+  return steps;
+}
+
+TEST_F(Walk, RunsItsChecksInOrder) {
+  serve(cases::withPhysics());
+  checker.setCheckLevel(1);
+  checker.setVerbosity(3);
+  const CheckResult result = check();
+  EXPECT_TRUE(result.good);
+  EXPECT_EQ(
+      stepsOf(result.out),
+      Texts({"checkVersion", "checkSolverType", "checkTopologyModel", "checkMeshSize",
+             "checkMeshConnectivity", "checkPhysicsToMeshMapUsingTopologyModel", "checkDomain",
+             "checkSubdomain", "checkBoundary", "checkInterface", "checkCellZoneConnectivityTypes",
+             "checkNodeZones", "checkFaceZones", "checkCellZones", "checkCase"}));
+}
+
 TEST_F(Walk, RunsAllOtherStepsWithoutLocationModel) {
+  serve(cases::withPhysics());
+  checker.setCheckLevel(1);
+  checker.setVerbosity(3);
   checker.setNoLM(true);
-  EXPECT_TRUE(check().good);
+  const CheckResult result = check();
+  EXPECT_TRUE(result.good);
+  EXPECT_EQ(stepsOf(result.out),
+            Texts({"checkVersion", "checkSolverType", "checkTopologyModel", "checkMeshSize",
+                   "checkMeshConnectivity", "checkPhysicsToMeshMapUsingTopologyModel",
+                   "checkCellZoneConnectivityTypes", "checkNodeZones", "checkFaceZones",
+                   "checkCellZones", "checkCase"}));
   EXPECT_EQ(selections(), selected({{1, 0, -1}}));
 }
 

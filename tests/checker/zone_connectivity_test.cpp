@@ -117,7 +117,7 @@ const std::vector<RelationRow>& relationRows() {
   return kRows;
 }
 
-class MeshConnectivityRows : public CheckerFixture,
+class MeshConnectivityRows : public ZoneChecksFixture,
                              public ::testing::WithParamInterface<RelationRow> {};
 
 TEST_P(MeshConnectivityRows, Of) {
@@ -137,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(MeshConnectivity, MeshConnectivityRows,
                          ::testing::ValuesIn(relationRows()),
                          [](const auto& row) { return std::string(row.param.name); });
 
-class MeshConnectivity : public CheckerFixture {
+class MeshConnectivity : public ZoneChecksFixture {
  protected:
   Transcript relationCalls() const {
     return callsOf({"getCellFaceZoneIds", "getFaceCellZone0Ids", "getFaceCellZone1Ids"});
@@ -191,6 +191,7 @@ TEST_F(MeshConnectivity, EndsTheWalkAtTheFirstBadEntry) {
             "- checkVersion - getFileVersion\n"
             "Version: 3.4.5\n"
             "- checkSolverType - getSolverType\n"
+            "- checkTopologyModel - Checking for location model.\n"
             "Processing mesh : 1\n"
             "Processing target : 0\n"
             "- checkMeshSize - getMeshSize\n"

@@ -192,6 +192,7 @@ TEST_F(ZoneTables, EndTheWalkAtALibraryErrorOfAnyTable) {
        {Row{"getZoneIds(0)", "checkNodeZones"}, Row{"beginFaceTree", "checkFaceZones"},
         Row{"getCellZoneInfo(3, 1)", "checkCellZones"}}) {
     OrvChecker fresh;
+    fresh.setNoLM(true);
     prepare([&row](ScriptedProvider& p) {
       p.answerList("getMeshIds", {1, 2});
       failOn(p, row.call);

@@ -275,6 +275,7 @@ TEST_P(ProviderContract, AnswersSettings) {
     GTEST_SKIP() << "settings are not carried";
   }
   const std::string below = source->tables.solverType + "/domains/air/location";
+  source->tables.settings.clear();
   source->setSetting(below, "fluid, solid");
   source->setSetting("Time", "now");
   std::vector<std::string> keys = {"old"};

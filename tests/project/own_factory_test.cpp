@@ -69,7 +69,9 @@ TEST(OwnFactory, ServesTheChecker) {
   EXPECT_EQ(askedFor(), std::vector<std::string>{"."});
   EXPECT_EQ(checker.getErrors(), std::vector<std::string>{});
   EXPECT_EQ(checker.getWarnings(),
-            std::vector<std::string>{"checkSolverType : File with unknown solver type"});
+            (std::vector<std::string>{
+                "checkSolverType : File with unknown solver type",
+                "checkPhysicsToMeshMapUsingTopologyModel : No Physics Model - skipped"}));
 }
 
 }  // namespace
