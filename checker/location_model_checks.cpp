@@ -167,11 +167,11 @@ bool OrvChecker::checkFaceUses(const OrvLocationModel& model, const std::vector<
     for (const int side : sides) {
       const int zone = zoneOf(side);
       if (!faceZones.contains(zone)) {
+        const int mesh = source->getMeshId();
         // Kept: nothing closes the bracket of the zone, and no full stop ends the text.
         addError(1, "Location Model contains a face use (" + name +
                         ") that refers to a face zone (" + std::to_string(zone) +
-                        "that doesn't exist in the mesh (" + std::to_string(source->getMeshId()) +
-                        ")");
+                        "that doesn't exist in the mesh (" + std::to_string(mesh) + ")");
         return false;
       }
     }

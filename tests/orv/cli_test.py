@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """orv as a user meets it: whole outputs, exit statuses, JSON that fits its schema.
 
-Usage: cli_test.py ORV MAKE_POLYMESH SCHEMA MESHES
+Usage: cli_test.py ORV MAKE_POLYMESH MAKE_MODELS SCHEMA MESHES
 """
 
 import json
@@ -17,7 +17,7 @@ import unittest
 
 import jsonschema
 
-ORV, MAKE_POLYMESH, SCHEMA, MESHES = map(os.path.abspath, sys.argv[1:5])
+ORV, MAKE_POLYMESH, MAKE_MODELS, SCHEMA, MESHES = map(os.path.abspath, sys.argv[1:6])
 
 # What is said of every restart mesh in an OpenFOAM folder.
 NO_PHYSICS = "Warning: checkPhysicsToMeshMapUsingTopologyModel: No Physics Model - skipped\n"
@@ -217,18 +217,15 @@ mesh 1, restart: 3-D, 12 nodes, 11 faces, 2 cells, unit m
 """)
 
     def test_cuts_long_lists_of_zones_in_the_table_only(self):
-        subprocess.run([MAKE_POLYMESH, f"{self.folder.name}/zones", "9", "1", "1"], check=True)
-        zones = "".join(f"z{i} {{ type cellZone; cellLabels 1({i}); }}" for i in range(9))
-        pathlib.Path(self.folder.name, "zones", "cellZones").write_text(
-            "FoamFile { version 2.0; format ascii; class regIOobject; object cellZones; }\n"
-            f"9({zones})\n", encoding="utf-8")
-        status, out, err = self.orv("info", "zones")
+        subprocess.run([MAKE_MODELS, self.folder.name], check=True)
+        status, out, err = self.orv("info", "shared-zones.orv")
         self.assertEqual((status, err), (0, ""))
         lines = out.splitlines()
-        self.assertEqual(lines[6].split("  ")[-1], "9,10,11,12,13,14,15,16 | 10,11,12,13,14,15,16,17")
-        self.assertEqual(lines[9].split("  ")[-1], "9,10,11,... of 9 | -")
-        zone = json.loads(self.orv("info", "--json", "zones")[1])["files"][0]["meshes"][0]["zones"][4]
-        self.assertEqual((zone["name"], zone["cellZones"]), ("yMin", [list(range(9, 18)), []]))
+        self.assertEqual(lines[6].split("  ")[-1].strip(), "4,5,6,7,8,9,10,11 | 5,6,7,8,9,10,11,12")
+        self.assertEqual(lines[7].split("  ")[-1].strip(), "4,5,6,... of 9 | -")
+        case = json.loads(self.orv("info", "--json", "shared-zones.orv")[1])["files"][0]
+        zone = case["meshes"][0]["zones"][2]
+        self.assertEqual((zone["name"], zone["cellZones"]), ("walls", [list(range(4, 13)), []]))
 
     def test_writes_json(self):
         status, out, err = self.orv("info", "--json", "sound")

@@ -150,6 +150,27 @@ std::shared_ptr<memory::Case> many() {
   return builder.build();
 }
 
+/// Nine bodies in a row, with one face zone between all of them and one around all of them.
+std::shared_ptr<memory::Case> sharedZones() {
+  constexpr int kCells = 9;
+  std::vector<FaceLine> between;
+  std::vector<FaceLine> walls;
+  for (std::uint64_t cell = 1; cell <= kCells; ++cell) {
+    walls.push_back({{1, 2, 3, 4}, cell});
+    if (cell < kCells) {
+      between.push_back({{1, 2, 3, 4}, cell, cell + 1});
+    }
+  }
+  CaseBuilder builder;
+  builder.nodes(1, "nodes", {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}})
+      .faces(2, "between", faceZoneTypeInterior, between)
+      .faces(3, "walls", boundaryWall, walls);
+  for (int cell = 1; cell <= kCells; ++cell) {
+    builder.cells(3 + cell, "cell " + std::to_string(cell), cellShapeHexahedron, 1);
+  }
+  return builder.build();
+}
+
 /// The file's model has no parts.
 std::shared_ptr<memory::Case> withoutParts() {
   auto made = cells("left", "right", "between").build();
@@ -186,6 +207,7 @@ void writeAll(const std::string& folder) {
   save(oddNames(), folder + "/odd-names.orv");
   save(broken(), folder + "/broken.orv");
   save(many(), folder + "/many.orv");
+  save(sharedZones(), folder + "/shared-zones.orv");
   save(withoutParts(), folder + "/without-parts.orv");
   save(cells("same", "same", "between").build(), folder + "/same-names.orv");
   save(twoMeshes(), folder + "/two-meshes.orv");

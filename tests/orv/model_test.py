@@ -192,6 +192,50 @@ part P
 1 part, 1 body, 6 faces, 6 face uses, 0 composites
 """
 
+FOAM_ZONES = """\
+zones
+  built from the zones of mesh 1, restart
+
+part P
+  body rotor: rotor [14]
+  body default: default [15], takes in interior:default [2]
+  face interior:default:rotor
+    side 0  body default  face use (interior:default:rotor@default)  +3 interior:default:rotor
+    side 1  body rotor    face use (interior:default:rotor@rotor)    -3 interior:default:rotor
+  face F5
+    side 0  body rotor    face use xMax                              +5 xMax
+    side 1  -
+  face F7
+    side 0  body rotor    face use yMin:rotor                        +7 yMin:rotor
+    side 1  -
+  face F9
+    side 0  body rotor    face use yMax:rotor                        +9 yMax:rotor
+    side 1  -
+  face F11
+    side 0  body rotor    face use zMin:rotor                        +11 zMin:rotor
+    side 1  -
+  face F13
+    side 0  body rotor    face use zMax:rotor                        +13 zMax:rotor
+    side 1  -
+  face F4
+    side 0  body default  face use xMin                              +4 xMin
+    side 1  -
+  face F6
+    side 0  body default  face use yMin:default                      +6 yMin:default
+    side 1  -
+  face F8
+    side 0  body default  face use yMax:default                      +8 yMax:default
+    side 1  -
+  face F10
+    side 0  body default  face use zMin:default                      +10 zMin:default
+    side 1  -
+  face F12
+    side 0  body default  face use zMax:default                      +12 zMax:default
+    side 1  -
+
+1 part, 2 bodies, 11 faces, 12 face uses, 0 composites
+"""
+
 ODD_NAMES = r"""odd-names.orv
   location model of the file, mesh 1, restart
 
@@ -285,8 +329,8 @@ graph "location model" {
 SAME_NAMES = "Error: same-names.orv: Unable to define body 'same'\n"
 
 ZONES_ERRORS = [
-    "Unable to build location model: Face zone 2'interior' bounds mode than one cell zone on side 0.",
-    "Unable to build location model: Face zone 2'interior' bounds mode than one cell zone on side 1.",
+    "Unable to build location model: Face zone 2'between' bounds mode than one cell zone on side 0.",
+    "Unable to build location model: Face zone 2'between' bounds mode than one cell zone on side 1.",
 ]
 
 
@@ -302,13 +346,12 @@ class Model(unittest.TestCase):
         for sample in ("physics", "two-bodies", "periodic", "shadow", "post", "partitions"):
             subprocess.run([ORV, "sample", sample, f"{folder}/{sample}.orv", "--cells", "64"],
                            check=True, stdout=subprocess.DEVNULL)
-        for mesh, cells in (("foam", "2"), ("zones", "9")):
+        for mesh, cells in (("foam", "2"), ("zones", "3")):
             subprocess.run([MAKE_POLYMESH, f"{folder}/{mesh}", cells, "1", "1"], check=True)
         subprocess.run([MAKE_MODELS, folder], check=True)
-        zones = "".join(f"z{i} {{ type cellZone; cellLabels 1({i}); }}" for i in range(9))
         pathlib.Path(folder, "zones", "cellZones").write_text(
             "FoamFile { version 2.0; format ascii; class regIOobject; object cellZones; }\n"
-            f"9({zones})\n", encoding="utf-8")
+            "1(rotor { type cellZone; cellLabels 1(2); })\n", encoding="utf-8")
         pathlib.Path(folder, "notes.txt").write_text("no mesh\n", encoding="utf-8")
 
     @classmethod
@@ -338,7 +381,7 @@ class Model(unittest.TestCase):
 
     def test_builds_a_model_where_the_file_has_none(self):
         for file, expected in (("two-bodies.orv", TWO_BODIES), ("periodic.orv", PERIODIC),
-                               ("shadow.orv", SHADOW), ("foam", FOAM)):
+                               ("shadow.orv", SHADOW), ("foam", FOAM), ("zones", FOAM_ZONES)):
             self.assertEqual(self.model(file), (0, expected, ""), file)
 
     def test_takes_a_model_without_parts_for_none(self):
@@ -382,12 +425,12 @@ class Model(unittest.TestCase):
 
     def test_says_why_no_model_can_be_built(self):
         self.assertEqual(self.model("same-names.orv"), (1, "", SAME_NAMES))
-        self.assertEqual(self.model("zones"), (1, "", "".join(
-            f"Error: zones: {error}\n" for error in ZONES_ERRORS)))
+        self.assertEqual(self.model("shared-zones.orv"), (1, "", "".join(
+            f"Error: shared-zones.orv: {error}\n" for error in ZONES_ERRORS)))
 
     def test_writes_as_json_why_no_model_can_be_built(self):
-        self.assertEqual(self.report("zones"), (
-            1, [{"file": "zones", "origin": "none", "mesh": 1, "target": "restart",
+        self.assertEqual(self.report("shared-zones.orv"), (
+            1, [{"file": "shared-zones.orv", "origin": "none", "mesh": 1, "target": "restart",
                  "partition": -1, "parts": [], "errors": ZONES_ERRORS}], ""))
 
     def test_says_that_there_is_no_mesh(self):

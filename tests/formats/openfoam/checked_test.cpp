@@ -174,21 +174,32 @@ TEST_P(SoundMeshes, LackPhysicsOnly) {
 INSTANTIATE_TEST_SUITE_P(Checked, SoundMeshes, ::testing::ValuesIn(kSound),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(CheckedPartitions, HaveNoLocationModelWhereOneIsEmpty) {
-  const testing::TempFolder temp;
+/// What a processor gets that has no share in a mesh.
+BoxMesh emptyPart() {
   BoxMesh nothing;
   nothing.faceOffsets = {0};
   nothing.patches = {{"xMin", "patch", 0, 0, {}}, {"xMax", "wall", 0, 0, {}}};
   nothing.cellZones = {{"rotor", {}, {}, false}};
+  return nothing;
+}
+
+TEST(CheckedPartitions, LackPhysicsOnlyWhereOneIsEmpty) {
+  const testing::TempFolder temp;
   writePolyMesh(temp.path("case/processor0/constant/polyMesh"), rowOfFour());
-  writePolyMesh(temp.path("case/processor1/constant/polyMesh"), nothing);
+  writePolyMesh(temp.path("case/processor1/constant/polyMesh"), emptyPart());
   const Judgement judgement = judge(temp.path("case"));
-  EXPECT_EQ(
-      judgement.errors,
-      (Texts{
-          "checkPhysicsToMeshMapUsingTopologyModel : Unable to build location model: There are no face zones defined in the mesh model.",
-          "checkPhysicsToMeshMapUsingTopologyModel : Failed to build location model."}));
+  EXPECT_EQ(judgement.errors, Texts());
   EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
+}
+
+TEST(CheckedPartitions, AreRefusedWhereAllAreEmpty) {
+  const testing::TempFolder temp;
+  const std::string folder = temp.path("case");
+  writePolyMesh(folder + "/processor0/constant/polyMesh", emptyPart());
+  EXPECT_EQ(
+      judge(folder).errors,
+      (Texts{" : Error reading ORV file",
+             " : ORV - " + folder + ": expected cells in a processor folder, found none in all"}));
 }
 
 // --- Real meshes --------------------------------------------------------------------------------

@@ -249,6 +249,20 @@ TEST_F(Provider, ServesProcessorFoldersAsPartitions) {
   EXPECT_EQ(cells, 2U);
 }
 
+TEST_F(Provider, LeavesOutProcessorsThatGotNothing) {
+  BoxMesh nothing;
+  nothing.faceOffsets = {0};
+  writePolyMesh(temp.path("case/processor0/constant/polyMesh"), makeBox(1, 1, 1));
+  writePolyMesh(temp.path("case/processor1/constant/polyMesh"), nothing);
+  writePolyMesh(temp.path("case/processor2/constant/polyMesh"), makeBox(2, 1, 1));
+  ASSERT_TRUE(provider.startReading(temp.path("case"), dataClassCase));
+  std::vector<int> partitions;
+  provider.getPartitionIds(partitions, 1, dataClassCase);
+  EXPECT_EQ(partitions, (std::vector<int>{0, 2}));
+  EXPECT_EQ(provider.getSettings(dataClassCase, "openfoam/processor1/cells", 1).asString(), "0");
+  EXPECT_FALSE(provider.getSettings(dataClassCase, "openfoam/processor0/cells", 1).isValid());
+}
+
 TEST_F(Provider, RefusesWhatCannotBeReadWithOneErrorAndServesNothing) {
   writePolyMesh(temp.path("polyMesh"), makeBox(1, 1, 1));
   std::filesystem::remove(temp.path("polyMesh/owner"));
