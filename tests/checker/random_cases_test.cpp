@@ -6,12 +6,11 @@
 
 #include <cctype>
 #include <cstdint>
-#include <cstdlib>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "testing/random_case.h"
+#include "testing/random_seeds.h"
 #include "tests/checker/CheckerFixture.h"
 #include "tests/checker/random_scenario.h"
 
@@ -20,20 +19,7 @@ namespace {
 
 constexpr std::uint64_t kSoundCases = 300;
 constexpr std::uint64_t kCasesForMessages = 4000;
-
-struct Seeds {
-  std::uint64_t first = 1;
-  std::uint64_t count = 1500;
-};
-
-Seeds seedsToTry() {
-  Seeds seeds;
-  if (const char* const words = std::getenv("VELTO_RANDOM_CASES")) {
-    std::istringstream text(words);
-    EXPECT_TRUE(text >> seeds.first >> seeds.count) << words;
-  }
-  return seeds;
-}
+constexpr std::uint64_t kUsualCases = 1500;
 
 bool endsWith(const std::string& text, const std::string& end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
@@ -202,7 +188,7 @@ TEST_F(RandomCases, SoundOnesGiveNoMessage) {
 }
 
 TEST_F(RandomCases, AreJudgedAsByThePlainChecker) {
-  const Seeds seeds = seedsToTry();
+  const Seeds seeds = seedsToTry(kUsualCases);
   for (std::uint64_t seed = seeds.first; seed - seeds.first < seeds.count; ++seed) {
     const Scenario scenario = randomScenario(seed);
     if (isJudgedDifferently(scenario)) {
