@@ -79,10 +79,22 @@ TEST_F(LocationModel, ListsWhatAPartHolds) {
   EXPECT_EQ(ids, Ids({part_}));
   EXPECT_TRUE(model_.getPartBodies(part_, ids));
   EXPECT_EQ(ids, Ids({fluid_, solid_}));
+  EXPECT_TRUE(model_.getPartFaces(part_, ids));
+  EXPECT_EQ(ids, Ids({between_, inlet_}));
   EXPECT_TRUE(model_.getPartFaceUses(part_, ids));
   EXPECT_EQ(ids, Ids({fluidUse_, solidUse_, inletUse_}));
   EXPECT_TRUE(model_.getPartComposites(part_, ids));
   EXPECT_EQ(ids, Ids());
+}
+
+TEST_F(LocationModel, TellsTheNamesOfPartsBodiesAndFaces) {
+  std::string name = "untouched";
+  EXPECT_TRUE(model_.getPartName(part_, name));
+  EXPECT_EQ(name, "assembly");
+  EXPECT_TRUE(model_.getBodyName(solid_, name));
+  EXPECT_EQ(name, "solid");
+  EXPECT_TRUE(model_.getFaceName(inlet_, name));
+  EXPECT_EQ(name, "inlet");
 }
 
 TEST_F(LocationModel, ListsTheBoundaryOfABody) {
@@ -312,11 +324,14 @@ TEST_F(LocationModel, AnswersFalseForUnknownIdsAndLeavesOutputsAlone) {
   int side0 = -1;
   int side1 = -2;
   EXPECT_FALSE(model_.getPartBodies(fluid_, ids));
+  EXPECT_FALSE(model_.getPartFaces(kAbsent, ids));
   EXPECT_FALSE(model_.getPartFaceUses(kAbsent, ids));
   EXPECT_FALSE(model_.getPartComposites(0, ids));
   EXPECT_FALSE(model_.getBodyBoundary(part_, ids));
   EXPECT_FALSE(model_.getBodyZones(kAbsent, 1, ids));
   EXPECT_FALSE(model_.getFaceUseZoneSides(between_, 1, ids));
+  EXPECT_FALSE(model_.getPartName(fluid_, name));
+  EXPECT_FALSE(model_.getFaceName(part_, name));
   EXPECT_FALSE(model_.getBodyName(kAbsent, name));
   EXPECT_FALSE(model_.getFaceUseName(0, name));
   EXPECT_FALSE(model_.getFaceUseRelativeName(fluid_, name));
