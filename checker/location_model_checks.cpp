@@ -14,7 +14,7 @@
 #include "velto/OrvChecker.h"
 
 #include "data_access/OrvFileProvider.h"
-#include "data_access/OrvLocationModel.h"
+#include "data_access/location_models.h"
 
 #include "checker/IdList.h"
 
@@ -23,13 +23,7 @@ namespace velto {
 bool OrvChecker::checkTopologyModel() {
   displayStep("checkTopologyModel", "Checking for location model.");
   const OrvFileProvider* source = openProvider();
-  const OrvLocationModel* model = source->getLocationModel();
-  if (model == nullptr) {
-    return true;
-  }
-  std::vector<int> parts;
-  model->getParts(parts);
-  if (parts.empty()) {
+  if (!hasParts(source->getLocationModel())) {
     return true;
   }
   displayStep("checkTopologyModel", "Location Model exists");
@@ -143,12 +137,6 @@ std::string nameOfFaceUse(const OrvLocationModel& model, int faceUse) {
   return model.getFaceUseRelativeName(faceUse, relative) ? relative : "";
 }
 
-/// The face zone of a zone side, whose sign tells the side.
-int zoneOf(int side) {
-  // Kept harmless: computed without sign, since the least id has no opposite.
-  return side < 0 ? static_cast<int>(0U - static_cast<unsigned>(side)) : side;
-}
-
 }  // namespace
 
 bool OrvChecker::checkFaceUses(const OrvLocationModel& model, const std::vector<int>& faceUses,
@@ -165,7 +153,7 @@ bool OrvChecker::checkFaceUses(const OrvLocationModel& model, const std::vector<
       return false;
     }
     for (const int side : sides) {
-      const int zone = zoneOf(side);
+      const int zone = zoneOfSide(side);
       if (!faceZones.contains(zone)) {
         const int mesh = source->getMeshId();
         // Kept: nothing closes the bracket of the zone, and no full stop ends the text.

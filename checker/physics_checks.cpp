@@ -24,22 +24,13 @@
 #include "velto/OrvChecker.h"
 
 #include "data_access/OrvFileProvider.h"
-#include "data_access/OrvLocationModel.h"
+#include "data_access/location_models.h"
 
 namespace velto {
 
 namespace {
 
 using Names = std::vector<std::string>;
-
-bool hasParts(const OrvLocationModel* model) {
-  if (model == nullptr) {
-    return false;
-  }
-  std::vector<int> parts;
-  model->getParts(parts);
-  return !parts.empty();
-}
 
 OrvVariant settingOf(const OrvFileProvider& source, const std::string& path) {
   return source.getSettings(dataClassCase, path, 1);

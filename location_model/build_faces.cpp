@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+#include "data_access/location_models.h"
+
 #include "location_model/Build.h"
 
 namespace velto {
@@ -19,12 +21,6 @@ bool isPairType(int type) { return type == faceZoneType3 || type == faceZoneType
 
 bool isAmong(const std::vector<int>& ascending, int zone) {
   return std::binary_search(ascending.begin(), ascending.end(), zone);
-}
-
-/// Side 1 of a face zone: its id below zero.
-int side1Of(int zone) {
-  // Kept harmless: computed without sign, since the least id has no opposite.
-  return static_cast<int>(0U - static_cast<unsigned>(zone));
 }
 
 }  // namespace

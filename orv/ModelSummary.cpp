@@ -11,7 +11,7 @@
 #include "velto/LocationModelBuilder.h"
 
 #include "data_access/OrvFileProvider.h"
-#include "data_access/OrvLocationModel.h"
+#include "data_access/location_models.h"
 
 namespace velto::orv {
 
@@ -63,14 +63,6 @@ bool chooseMesh(OrvFileProvider& provider, int wanted, ModelSummary& summary) {
 }
 
 // --- The model ----------------------------------------------------------------------------------
-
-bool hasParts(const OrvLocationModel* model) {
-  std::vector<int> parts;
-  if (model != nullptr) {
-    model->getParts(parts);
-  }
-  return !parts.empty();
-}
 
 /// Asks a model for its objects, and each of them once.
 class ModelReader {
@@ -221,11 +213,6 @@ void readZones(OrvProvider& provider, ModelSummary& summary) {
 }
 
 }  // namespace
-
-int zoneOfSide(int zoneSide) {
-  // Computed without sign, since the least number has no opposite.
-  return zoneSide < 0 ? static_cast<int>(0U - static_cast<unsigned>(zoneSide)) : zoneSide;
-}
 
 ModelSummary readModel(const std::string& file, OrvFileProvider& provider, int mesh,
                        bool alwaysBuild) {

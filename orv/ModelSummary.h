@@ -88,9 +88,6 @@ struct ModelSummary {
   std::map<int, ZoneOfModel> zones;  ///< Those that the model mentions.
 };
 
-/// The id of the zone of a signed zone side.
-int zoneOfSide(int zoneSide);
-
 /// Reads the model of an open case, or builds one from the zones of a mesh: if the file has none
 /// with parts, or if `alwaysBuild`. The mesh is the first restart mesh, or the first of all where
 /// there is no such; with a `mesh` above 0 the one of that id. The selection of `provider` is

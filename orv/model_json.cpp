@@ -4,6 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "data_access/location_models.h"
+
 #include "orv/model_views.h"
 #include "orv/words.h"
 

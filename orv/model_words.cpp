@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "data_access/location_models.h"
+
 #include "orv/model_views.h"
 #include "orv/shown_name.h"
 #include "orv/words.h"

@@ -2,20 +2,16 @@
 //
 // A sample with a location model of its own and physics of every kind that refers to it.
 
-#include <stdexcept>
+#include <memory>
 #include <utility>
 #include <vector>
 
-#include "data_access/OrvLocationModel.h"
-
-#include "embedded/base/OrvLocationModelState.h"
+#include "embedded/memory/LocationModelWriter.h"
 #include "samples/sample_parts.h"
 
 namespace velto::samples {
 
 namespace {
-
-constexpr int kAssembly = 3;  // the kind of part that a built model has
 
 /// Zones without those that a small box has no faces for.
 std::vector<int> existing(const std::vector<int>& zones) {
@@ -28,66 +24,22 @@ std::vector<int> existing(const std::vector<int>& zones) {
   return left;
 }
 
-void require(bool done, const std::string& name) {
-  if (!done) {
-    throw std::logic_error("the location model does not take " + name);
-  }
-}
-
-/// Writes down a model of one part on mesh 1.
-class ModelWriter {
- public:
-  ModelWriter() { model_->createPart(kAssembly, "assembly", part_); }
-
-  int body(const std::string& name, const std::vector<int>& zones) {
-    int id = 0;
-    require(model_->createBody(part_, name, id), name);
-    require(model_->setBodyZones(id, base::MeshKey().mesh, existing(zones)), name);
-    return id;
-  }
-
-  int face(const std::string& name) {
-    int id = 0;
-    require(model_->createFace(part_, name, id), name);
-    return id;
-  }
-
-  /// A face use; the sign of the zone tells the side of its faces.
-  int use(const std::string& name, int body, int face, int side, int signedZone) {
-    int id = 0;
-    require(model_->createFaceUse(body, face, side, id), name);
-    require(model_->setFaceUseName(id, name), name);
-    require(model_->setFaceUseZoneSides(id, base::MeshKey().mesh, {signedZone}), name);
-    return id;
-  }
-
-  void composite(OrvLocationModel::State::Composite composite) {
-    const std::string name = composite.name;
-    OrvLocationModel::State& state = OrvLocationModel::State::of(*model_);
-    require(state.addComposite(part_, std::move(composite)) != 0, name);
-  }
-
-  std::shared_ptr<const OrvLocationModel> take() { return std::move(model_); }
-
- private:
-  std::unique_ptr<OrvLocationModel> model_ = std::make_unique<OrvLocationModel>();
-  int part_ = 0;
-};
-
 std::shared_ptr<const OrvLocationModel> locate(const TwoBodies& bodies, int contactZone) {
-  ModelWriter model;
-  const int fluid =
-      model.body("channel", {bodies.mesh.cellZoneId(0), bodies.fluidInterior, bodies.screen});
-  const int solid = model.body("heater", {bodies.mesh.cellZoneId(1), bodies.solidInterior});
-  model.use("channel inlet", fluid, model.face("inlet face"), 0, bodies.inlet);
+  memory::LocationModelWriter model;
+  model.part("assembly");
+  const int fluid = model.body(
+      "channel", existing({bodies.mesh.cellZoneId(0), bodies.fluidInterior, bodies.screen}));
+  const int solid =
+      model.body("heater", existing({bodies.mesh.cellZoneId(1), bodies.solidInterior}));
+  model.use(fluid, model.face("inlet face"), 0, {bodies.inlet}, "channel inlet");
   const int walls =
-      model.use("channel walls", fluid, model.face("channel hull"), 0, bodies.fluidWalls);
-  const int end = model.use("heater end", solid, model.face("end face"), 0, bodies.outlet);
+      model.use(fluid, model.face("channel hull"), 0, {bodies.fluidWalls}, "channel walls");
+  const int end = model.use(solid, model.face("end face"), 0, {bodies.outlet}, "heater end");
   const int hull =
-      model.use("heater walls", solid, model.face("heater hull"), 0, bodies.solidWalls);
+      model.use(solid, model.face("heater hull"), 0, {bodies.solidWalls}, "heater walls");
   const int contact = model.face("contact");
-  const int wettedContact = model.use("contact of channel", fluid, contact, 0, contactZone);
-  model.use("contact of heater", solid, contact, 1, -contactZone);
+  const int wettedContact = model.use(fluid, contact, 0, {contactZone}, "contact of channel");
+  model.use(solid, contact, 1, {-contactZone}, "contact of heater");
   model.composite({"metal", {solid}, {}, {}});
   model.composite({"wetted", {}, {}, {walls, wettedContact}});
   // As a place of volumes it is the body, as one of surfaces its outside.

@@ -3,11 +3,10 @@
 // The named case with a location model and physics objects.
 
 #include <memory>
-#include <utility>
 
-#include "embedded/base/OrvLocationModelState.h"
 #include "embedded/base/shapes.h"
 #include "embedded/memory/CaseBuilder.h"
+#include "embedded/memory/LocationModelWriter.h"
 #include "testing/Row.h"
 #include "testing/cases.h"
 
@@ -17,58 +16,16 @@ namespace {
 
 using memory::CaseBuilder;
 
-constexpr int kMesh = 1;
-
-/// Writes down a model of one part. The operations of the state are called, not those of the model,
-/// so that a script of location models does not see them.
-class ModelText {
- public:
-  ModelText() { state().createPart(3, "assembly", part_); }
-
-  int body(const std::string& name, const std::vector<int>& zones) {
-    int id = 0;
-    state().createBody(part_, name, id);
-    state().setBodyZones(id, kMesh, zones);
-    return id;
-  }
-
-  int face(const std::string& name) {
-    int id = 0;
-    state().createFace(part_, name, id);
-    return id;
-  }
-
-  /// An empty name is none.
-  int use(const std::string& name, int body, int face, int side, int zoneSide) {
-    int id = 0;
-    state().createFaceUse(body, face, side, id);
-    state().setFaceUseZoneSides(id, kMesh, {zoneSide});
-    state().setFaceUseName(id, name);
-    return id;
-  }
-
-  void composite(const OrvLocationModel::State::Composite& composite) {
-    state().addComposite(part_, composite);
-  }
-
-  std::shared_ptr<const OrvLocationModel> take() { return std::move(model_); }
-
- private:
-  OrvLocationModel::State& state() { return OrvLocationModel::State::of(*model_); }
-
-  std::unique_ptr<OrvLocationModel> model_ = std::make_unique<OrvLocationModel>();
-  int part_ = 0;
-};
-
 std::shared_ptr<const OrvLocationModel> channelAndHeater() {
-  ModelText model;
+  memory::LocationModelWriter model;
+  model.part("assembly");
   const int channel = model.body("channel", {6, 2});
   const int heater = model.body("heater", {7});
-  const int walls = model.use("channel walls", channel, model.face("hull"), 0, 4);
+  const int walls = model.use(channel, model.face("hull"), 0, {4}, "channel walls");
   const int contact = model.face("contact");
-  const int wettedContact = model.use("", channel, contact, 0, 3);
-  model.use("heater contact", heater, contact, 1, -3);
-  model.use("heater walls", heater, model.face("shell"), 0, 5);
+  const int wettedContact = model.use(channel, contact, 0, {3});
+  model.use(heater, contact, 1, {-3}, "heater contact");
+  model.use(heater, model.face("shell"), 0, {5}, "heater walls");
   model.composite({"metal", {heater}, {}, {}});
   model.composite({"wetted", {}, {}, {walls, wettedContact}});
   return model.take();

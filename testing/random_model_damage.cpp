@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "data_access/location_models.h"
+
 #include "testing/case_edits.h"
 #include "testing/random_model.h"
 #include "testing/random_pick.h"
@@ -163,7 +165,7 @@ class ModelDamage {
     }
     int zone = anyZoneOfTheCase();
     if (areSides && random_.chance(50)) {
-      zone = static_cast<int>(0U - static_cast<unsigned>(zone));
+      zone = side1Of(zone);
     }
     insert(byMesh[mesh], zone);
     return base::argumentText(byMesh[mesh]) + " in mesh " + std::to_string(mesh);

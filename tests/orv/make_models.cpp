@@ -4,14 +4,11 @@
 
 #include <iostream>
 #include <memory>
-#include <stdexcept>
 #include <string>
-#include <utility>
+#include <vector>
 
-#include "data_access/OrvLocationModel.h"
-
-#include "embedded/base/OrvLocationModelState.h"
 #include "embedded/memory/CaseBuilder.h"
+#include "embedded/memory/LocationModelWriter.h"
 #include "embedded/memory/MemoryProvider.h"
 #include "embedded/store/save_case.h"
 
@@ -22,56 +19,7 @@ using base::boundaryWall;
 using base::cellShapeHexahedron;
 using memory::CaseBuilder;
 using memory::FaceLine;
-
-void require(bool done) {
-  if (!done) {
-    throw std::logic_error("make-models: the location model does not take an object");
-  }
-}
-
-/// A model that is written down object by object.
-class ModelWriter {
- public:
-  int part(const std::string& name) {
-    model_->createPart(3, name, part_);
-    return part_;
-  }
-
-  int body(const std::string& name) {
-    int id = 0;
-    require(model_->createBody(part_, name, id));
-    return id;
-  }
-
-  int body(const std::string& name, const std::vector<int>& zones, int mesh = 1) {
-    const int id = body(name);
-    require(model_->setBodyZones(id, mesh, zones));
-    return id;
-  }
-
-  int face(const std::string& name) {
-    int id = 0;
-    require(model_->createFace(part_, name, id));
-    return id;
-  }
-
-  int use(int body, int face, int side, const std::vector<int>& sides, const std::string& name) {
-    int id = 0;
-    require(model_->createFaceUse(body, face, side, id) && model_->setFaceUseName(id, name) &&
-            model_->setFaceUseZoneSides(id, 1, sides));
-    return id;
-  }
-
-  void composite(OrvLocationModel::State::Composite composite) {
-    require(OrvLocationModel::State::of(*model_).addComposite(part_, std::move(composite)) != 0);
-  }
-
-  std::shared_ptr<const OrvLocationModel> take() { return std::move(model_); }
-
- private:
-  std::unique_ptr<OrvLocationModel> model_ = std::make_unique<OrvLocationModel>();
-  int part_ = 0;
-};
+using memory::LocationModelWriter;
 
 void save(const std::shared_ptr<memory::Case>& made, const std::string& file) {
   store::saveCase(made->tables, memory::arraysOf(made), file, 0);
@@ -89,7 +37,7 @@ CaseBuilder cells(const std::string& name1, const std::string& name2, const std:
 
 std::shared_ptr<memory::Case> oddNames() {
   auto made = cells("line\nbreak", "", "<b>&amp;\\N").build();
-  ModelWriter model;
+  LocationModelWriter model;
   model.part("a \"quoted\" part");
   const int first = model.body("\x1b[31mred", {4});
   const int second = model.body("one, two", {5});
@@ -105,7 +53,7 @@ std::shared_ptr<memory::Case> oddNames() {
 /// that nobody uses, and two parts.
 std::shared_ptr<memory::Case> broken() {
   auto made = cells("left", "right", "between").build();
-  ModelWriter model;
+  LocationModelWriter model;
   model.part("first");
   const int left = model.body("left", {4, 77, 3});
   const int elsewhere = model.body("elsewhere", {4}, 2);
