@@ -15,6 +15,7 @@
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
 #include "orv/hints.h"
+#include "orv/words.h"
 
 namespace velto::orv {
 
@@ -126,13 +127,9 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
   return result;
 }
 
-std::string counted(std::size_t count, const std::string& noun) {
-  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
 std::string verdictLine(const FileResult& result) {
-  const std::string counts =
-      counted(result.errors.size(), "error") + ", " + counted(result.warnings.size(), "warning");
+  const std::string counts = counted(result.errors.size(), "error", "errors") + ", " +
+                             counted(result.warnings.size(), "warning", "warnings");
   switch (result.verdict) {
     case Verdict::sound:
       return fmt::format("{}: sound ({})", result.file, counts);

@@ -125,21 +125,18 @@ std::string compositeLine(const ModelSummary& summary, int id) {
 
 /// The last line: how much there is of everything.
 std::string countsText(const ModelSummary& summary) {
-  PartOfModel all;
-  const auto append = [](std::vector<int>& ids, const std::vector<int>& more) {
-    ids.insert(ids.end(), more.begin(), more.end());
+  const auto total = [&summary](std::vector<int> PartOfModel::*ids) {
+    std::size_t count = 0;
+    for (const PartOfModel& part : summary.parts) {
+      count += (part.*ids).size();
+    }
+    return count;
   };
-  for (const PartOfModel& part : summary.parts) {
-    append(all.bodies, part.bodies);
-    append(all.faces, part.faces);
-    append(all.faceUses, part.faceUses);
-    append(all.composites, part.composites);
-  }
   return fmt::format("{}, {}, {}, {}, {}\n", counted(summary.parts.size(), "part", "parts"),
-                     counted(all.bodies.size(), "body", "bodies"),
-                     counted(all.faces.size(), "face", "faces"),
-                     counted(all.faceUses.size(), "face use", "face uses"),
-                     counted(all.composites.size(), "composite", "composites"));
+                     counted(total(&PartOfModel::bodies), "body", "bodies"),
+                     counted(total(&PartOfModel::faces), "face", "faces"),
+                     counted(total(&PartOfModel::faceUses), "face use", "face uses"),
+                     counted(total(&PartOfModel::composites), "composite", "composites"));
 }
 
 }  // namespace

@@ -51,9 +51,6 @@ std::string faceWord(const ModelSummary& summary, int id);
 /// A face use without a name of its own goes by its relative name, in brackets.
 std::string faceUseWord(const ModelSummary& summary, int id);
 
-/// "5 faces", "1 body".
-std::string counted(std::size_t count, const char* one, const char* more);
-
 }  // namespace velto::orv
 
 #endif  // VELTO_ORV_MODEL_VIEWS_H

@@ -89,8 +89,4 @@ std::string faceUseWord(const ModelSummary& summary, int id) {
   return isNameless ? "(" + shownName(use.relativeName) + ")" : nameWord(use.name, id);
 }
 
-std::string counted(std::size_t count, const char* one, const char* more) {
-  return fmt::format("{} {}", count, count == 1 ? one : more);
-}
-
 }  // namespace velto::orv

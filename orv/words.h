@@ -27,6 +27,11 @@ inline const char* targetWord(int target) {
   }
 }
 
+/// "5 faces", "1 body".
+inline std::string counted(std::size_t count, const char* one, const char* more) {
+  return fmt::format("{} {}", count, count == 1 ? one : more);
+}
+
 /// The longest list that a table shows whole; --json gives them all.
 inline constexpr std::size_t kListShown = 8;
 

@@ -4,24 +4,8 @@
 // there.
 
 #include "samples/defect_lists.h"
-#include "samples/sample_parts.h"
 
 namespace velto::samples {
-
-namespace {
-
-void removeSetting(memory::Case& damaged, const std::string& key) {
-  base::Settings& settings = settingsOf(damaged.tables);
-  base::Settings left;
-  for (const auto& entry : settings.entries()) {
-    if (entry.first != key) {
-      left.set(entry.first, entry.second);
-    }
-  }
-  settings = left;
-}
-
-}  // namespace
 
 const std::vector<Defect>& defectsOfPhysics() {
   static const std::vector<Defect> kDefects = {
@@ -30,10 +14,14 @@ const std::vector<Defect>& defectsOfPhysics() {
        [](memory::Case& damaged) { damaged.tables.settings.clear(); }},
       {"no-location", "A boundary does not say where it lies.", "physics", false,
        "checkBoundary : inflow' ORV physics model doesn't include required 'location' setting.",
-       [](memory::Case& damaged) { removeSetting(damaged, "boundaries/inflow/location"); }},
+       [](memory::Case& damaged) {
+         damaged.tables.defaultSettings().remove("boundaries/inflow/location");
+       }},
       {"no-domain", "A subdomain does not say to which domain it belongs.", "physics", false,
        "checkSubdomain : heating' ORV physics model doesn't include optional 'domain' setting.",
-       [](memory::Case& damaged) { removeSetting(damaged, "subdomains/heating/domain"); }},
+       [](memory::Case& damaged) {
+         damaged.tables.defaultSettings().remove("subdomains/heating/domain");
+       }},
       {"wrong-location", "A domain spells the name of its body with a capital letter.", "physics",
        true,
        "checkDomain : The attribute 'location' of 'water' references locations that don't exist in the location model.",

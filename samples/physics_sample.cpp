@@ -89,7 +89,7 @@ Sample makePhysics(std::uint64_t cells) {
   Sample sample = emptySample();
   addMesh(sample, {}, bodies.mesh);
   sample.tables.locationModel = locate(bodies, contact);
-  describeAll(settingsOf(sample.tables));
+  describeAll(sample.tables.defaultSettings());
   return sample;
 }
 

@@ -4,8 +4,6 @@
 
 #include "samples/sample_parts.h"
 
-#include "data_access/OrvBase.h"
-
 namespace velto::samples {
 
 using base::CaseTables;
@@ -33,12 +31,8 @@ Sample restartSample(const GridMesh& mesh) {
   return sample;
 }
 
-base::Settings& settingsOf(CaseTables& tables) {
-  return tables.settings[{dataClassCase, OrvBase::_defaultSettingsPath}];
-}
-
 void describePhysics(CaseTables& tables, const MeshTables& mesh) {
-  base::Settings& settings = settingsOf(tables);
+  base::Settings& settings = tables.defaultSettings();
   for (const int zone : mesh.idsOf(zoneCategoryCell)) {
     const std::string name = *mesh.zones.at(zone).texts[zoneName];
     settings.set("domains/" + name + "/location", name);

@@ -23,9 +23,6 @@ void addMesh(Sample& sample, const base::MeshKey& key, const GridMesh& mesh);
 /// A sample of one restart mesh, with the settings of describePhysics().
 Sample restartSample(const GridMesh& mesh);
 
-/// The settings of a case, to be read and filled.
-base::Settings& settingsOf(base::CaseTables& tables);
-
 /// Gives each cell zone of a restart mesh a domain, and each face zone that lies on the boundary of
 /// one cell zone a boundary of that domain. Domains and boundaries bear the names of their zones.
 void describePhysics(base::CaseTables& tables, const base::MeshTables& mesh);

@@ -6,8 +6,6 @@
 
 #include <utility>
 
-#include "data_access/OrvBase.h"
-
 namespace velto::testing {
 
 void changeModel(memory::Case& changed,
@@ -20,18 +18,8 @@ void changeModel(memory::Case& changed,
   changed.tables.locationModel = std::move(model);
 }
 
-base::Settings& settingsOf(memory::Case& served) {
-  return served.tables.settings[{dataClassCase, OrvBase::_defaultSettingsPath}];
-}
-
 void removeSetting(memory::Case& changed, const std::string& path) {
-  base::Settings left;
-  for (const auto& [key, value] : settingsOf(changed).entries()) {
-    if (key != path && key.compare(0, path.size() + 1, path + "/") != 0) {
-      left.set(key, value);
-    }
-  }
-  settingsOf(changed) = left;
+  changed.tables.defaultSettings().remove(path);
 }
 
 }  // namespace velto::testing

@@ -17,9 +17,6 @@ namespace velto::testing {
 void changeModel(memory::Case& changed,
                  const std::function<void(OrvLocationModel::State&)>& change);
 
-/// The default settings of the case.
-base::Settings& settingsOf(memory::Case& served);
-
 /// Removes an entry and all that stands below it.
 void removeSetting(memory::Case& changed, const std::string& path);
 

@@ -250,7 +250,7 @@ std::string otherValue(const std::string& value, const std::string& ofAnother, R
 }  // namespace
 
 std::string damageSettings(memory::Case& damaged, Random& random) {
-  const auto entries = settingsOf(damaged).entries();
+  const auto entries = damaged.tables.defaultSettings().entries();
   if (entries.empty() || random.chance(20)) {
     const std::string path = anyPath(random);
     const std::string value =

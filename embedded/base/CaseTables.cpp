@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "data_access/OrvBase.h"
 #include "data_access/OrvVersion.h"
 
 namespace velto::base {
@@ -75,6 +76,10 @@ auto findIn(List& list, Match match) -> decltype(list.data()) {
 }
 
 }  // namespace
+
+Settings& CaseTables::defaultSettings() {
+  return settings[{dataClassCase, OrvBase::_defaultSettingsPath}];
+}
 
 Phase* CaseTables::findPhase(short id) {
   return findIn(phases, [id](const Phase& phase) { return phase.id == id; });

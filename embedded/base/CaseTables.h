@@ -116,6 +116,9 @@ struct CaseTables {
   std::vector<Phase> phases;
   std::vector<Variable> variables;
 
+  /// The store that settings of the case stand in by default; made if it is not there.
+  Settings& defaultSettings();
+
   Phase* findPhase(short id);
   const Phase* findPhase(short id) const;
   Variable* findVariable(int id);

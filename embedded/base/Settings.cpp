@@ -21,6 +21,16 @@ void Settings::set(const std::string& key, const std::string& value) {
   }
 }
 
+void Settings::remove(const std::string& path) {
+  Settings left;
+  for (const auto& [key, value] : entries_) {
+    if (key != path && key.compare(0, path.size() + 1, path + "/") != 0) {
+      left.set(key, value);
+    }
+  }
+  *this = std::move(left);
+}
+
 const std::string* Settings::find(const std::string& key) const {
   const auto found = positions_.find(key);
   return found == positions_.end() ? nullptr : &entries_[found->second].second;

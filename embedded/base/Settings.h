@@ -25,6 +25,9 @@ class Settings {
   /// Sets an entry; a key that is there keeps its place and gets the new value.
   void set(const std::string& key, const std::string& value);
 
+  /// Removes an entry and all that stands below it.
+  void remove(const std::string& path);
+
   const std::vector<Entry>& entries() const { return entries_; }
 
   /// The value of a key, or null.

@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-#include "data_access/OrvBase.h"
-
 namespace velto::memory {
 
 using base::Family;
@@ -53,7 +51,7 @@ VariableData& MeshData::variable(const VariableKey& key) {
 }
 
 void Case::setSetting(const std::string& key, const std::string& value) {
-  tables.settings[{dataClassCase, OrvBase::_defaultSettingsPath}].set(key, value);
+  tables.defaultSettings().set(key, value);
 }
 
 }  // namespace velto::memory

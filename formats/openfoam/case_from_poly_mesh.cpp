@@ -16,10 +16,9 @@
 #include <memory>
 #include <numeric>
 #include <set>
-#include <sstream>
 #include <utility>
 
-#include "data_access/OrvBase.h"
+#include "data_access/OrvUtilities.h"
 
 #include "embedded/base/shapes.h"
 #include "embedded/base/zone_relations.h"
@@ -46,11 +45,9 @@ bool beginsWith(const std::string& text, const std::string& prefix) {
 
 /// A comma-separated list with the names added that it lacks.
 std::string withNames(std::string list, const std::vector<std::string>& names) {
-  std::set<std::string> listed;
-  std::istringstream words(list);
-  for (std::string word; std::getline(words, word, ',');) {
-    listed.insert(word);
-  }
+  std::vector<std::string> before;
+  OrvUtilities::splitString(list, before, true, ',');
+  std::set<std::string> listed(before.begin(), before.end());
   for (const std::string& name : names) {
     if (listed.insert(name).second) {
       list += (list.empty() ? "" : ",") + name;
@@ -175,8 +172,7 @@ class Assembler {
       }
     }
     for (const auto& [key, names] : pieces) {
-      const std::string* const found =
-          case_.tables.settings[{dataClassCase, OrvBase::_defaultSettingsPath}].find(key);
+      const std::string* const found = case_.tables.defaultSettings().find(key);
       case_.setSetting(key, withNames(found == nullptr ? "" : *found, names));
     }
   }

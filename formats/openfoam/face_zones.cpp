@@ -31,7 +31,7 @@ std::vector<FaceZone> layOutFaceZones(const PolyMesh& mesh, std::uint64_t intern
   }
   for (std::size_t i = 0; i < mesh.patches.size(); ++i) {
     const Patch& patch = mesh.patches[i];
-    // A mesh without faces, such as an empty part of a decomposed case, has no face zones.
+    // A mesh without faces has no face zones.
     if (mesh.faceNodeCounts.empty() && patch.faceCount == 0) {
       continue;
     }

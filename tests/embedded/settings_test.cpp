@@ -30,6 +30,20 @@ TEST_F(SettingsTest, GiveTheValueOfAKey) {
   EXPECT_EQ(at("domains/air/location").asString(), "fluid");
 }
 
+TEST_F(SettingsTest, LoseAnEntryAndAllBelowIt) {
+  source_->setSetting("domains/air/location", "fluid");
+  source_->setSetting("domains", "both");
+  source_->setSetting("domains2/air", "kept");
+  source_->setSetting("Time", "now");
+  source_->tables.defaultSettings().remove("domains");
+  source_->tables.defaultSettings().remove("nothing");
+  EXPECT_FALSE(at("domains").isValid());
+  EXPECT_FALSE(at("domains/air/location").isValid());
+  using Entries = std::vector<base::Settings::Entry>;
+  EXPECT_EQ(source_->tables.defaultSettings().entries(),
+            Entries({{"domains2/air", "kept"}, {"Time", "now"}}));
+}
+
 TEST_F(SettingsTest, GiveNothingWhereNothingStands) {
   EXPECT_FALSE(at("domains").isValid());
   source_->setSetting("domains/air/location", "fluid");
