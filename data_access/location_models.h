@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What tools do with every location model: whether there is one, and signed face zone ids.
+// What tools do with every location model: whether there is one, signed face zone ids, and what a
+// name in the location of a physics object stands for.
 
 #ifndef VELTO_DATA_ACCESS_LOCATION_MODELS_H
 #define VELTO_DATA_ACCESS_LOCATION_MODELS_H
 
+#include <array>
+#include <string>
 #include <vector>
 
 #include "data_access/OrvLocationModel.h"
@@ -26,6 +29,51 @@ inline int side1Of(int faceZone) { return static_cast<int>(0U - static_cast<unsi
 
 /// The face zone of a zone side.
 inline int zoneOfSide(int zoneSide) { return zoneSide < 0 ? side1Of(zoneSide) : zoneSide; }
+
+// --- Places -------------------------------------------------------------------------------------
+
+/// Kinds of objects that a name in a location can stand for.
+enum class PlaceKind { none, body, composite, face, faceUse };
+
+struct Place {
+  PlaceKind kind = PlaceKind::none;
+  int id = 0;
+};
+
+/// Names are unique within a kind only, so that the order in which the kinds are tried decides. The
+/// first kind is the one that a location is about, composites stand for several such objects, and
+/// the others have no business there.
+struct PlaceQuery {
+  PlaceKind kind;
+  bool (OrvLocationModel::*find)(int partId, const std::string& name, int& id) const;
+};
+using PlaceOrder = std::array<PlaceQuery, 4>;
+
+/// For domains and subdomains.
+inline constexpr PlaceOrder kVolumePlaces = {
+    {{PlaceKind::body, &OrvLocationModel::findBody},
+     {PlaceKind::composite, &OrvLocationModel::findComposite},
+     {PlaceKind::face, &OrvLocationModel::findFace},
+     {PlaceKind::faceUse, &OrvLocationModel::findFaceUse}}};
+
+/// For boundaries.
+inline constexpr PlaceOrder kSurfacePlaces = {
+    {{PlaceKind::faceUse, &OrvLocationModel::findFaceUse},
+     {PlaceKind::composite, &OrvLocationModel::findComposite},
+     {PlaceKind::face, &OrvLocationModel::findFace},
+     {PlaceKind::body, &OrvLocationModel::findBody}}};
+
+/// What a part knows by a name; of kind `none` if nothing.
+inline Place findPlace(const OrvLocationModel& model, int part, const std::string& name,
+                       const PlaceOrder& order) {
+  for (const PlaceQuery& query : order) {
+    int id = 0;
+    if ((model.*query.find)(part, name, id)) {
+      return {query.kind, id};
+    }
+  }
+  return {};
+}
 
 }  // namespace velto
 
