@@ -214,29 +214,31 @@ void readZones(OrvProvider& provider, ModelSummary& summary) {
 
 }  // namespace
 
-ModelSummary readModel(const std::string& file, OrvFileProvider& provider, int mesh,
-                       bool alwaysBuild) {
-  ModelSummary summary;
+ModelOfCase readModel(const std::string& file, OrvFileProvider& provider, int mesh,
+                      bool alwaysBuild) {
+  ModelOfCase found;
+  ModelSummary& summary = found.summary;
   summary.file = file;
   if (!chooseMesh(provider, mesh, summary)) {
-    return summary;
+    return found;
   }
   const OrvLocationModel* ofFile = alwaysBuild ? nullptr : provider.getLocationModel();
   if (hasParts(ofFile)) {
     summary.origin = ModelOrigin::file;
-    ModelReader(*ofFile, summary).read();
+    found.model = ofFile;
   } else {
-    OrvLocationModel built;
+    found.built = std::make_unique<OrvLocationModel>();
     const LocationModelBuilder builder;
-    if (!builder.build(&provider, &built)) {
+    if (!builder.build(&provider, found.built.get())) {
       summary.errors = builder.getErrors();
-      return summary;
+      return found;
     }
     summary.origin = ModelOrigin::built;
-    ModelReader(built, summary).read();
+    found.model = found.built.get();
   }
+  ModelReader(*found.model, summary).read();
   readZones(provider, summary);
-  return summary;
+  return found;
 }
 
 }  // namespace velto::orv

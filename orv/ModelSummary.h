@@ -9,10 +9,12 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "data_access/OrvLocationModel.h"
 #include "data_access/OrvTypes.h"
 #include "data_access/fwd.h"
 
@@ -88,12 +90,19 @@ struct ModelSummary {
   std::map<int, ZoneOfModel> zones;  ///< Those that the model mentions.
 };
 
+/// A model that a command works with.
+struct ModelOfCase {
+  ModelSummary summary;
+  /// Null if there is none; else the provider's own or `built`.
+  const OrvLocationModel* model = nullptr;
+  std::unique_ptr<OrvLocationModel> built;
+};
+
 /// Reads the model of an open case, or builds one from the zones of a mesh: if the file has none
 /// with parts, or if `alwaysBuild`. The mesh is the first restart mesh, or the first of all where
-/// there is no such; with a `mesh` above 0 the one of that id. The selection of `provider` is
-/// changed.
-ModelSummary readModel(const std::string& file, OrvFileProvider& provider, int mesh,
-                       bool alwaysBuild);
+/// there is no such; with a `mesh` above 0 the one of that id. It stays selected on `provider`.
+ModelOfCase readModel(const std::string& file, OrvFileProvider& provider, int mesh,
+                      bool alwaysBuild);
 
 }  // namespace velto::orv
 

@@ -73,10 +73,14 @@ bool isFailedBuild(const std::string& recorded) {
 
 /// Whether a message is about names of the location model.
 bool isOfModel(const std::string& recorded) {
-  const Message message = messageOf(recorded);
-  const std::vector<std::string> steps = {"checkPhysicsToMeshMapUsingTopologyModel", "checkDomain",
-                                          "checkSubdomain", "checkBoundary"};
-  return std::find(steps.begin(), steps.end(), message.step) != steps.end();
+  return messageOf(recorded).step == "checkPhysicsToMeshMapUsingTopologyModel";
+}
+
+/// Whether a message is about where physics objects lie.
+bool isOfPhysics(const std::string& recorded) {
+  const std::vector<std::string> steps = {"checkDomain", "checkSubdomain", "checkBoundary",
+                                          "checkInterface"};
+  return std::find(steps.begin(), steps.end(), messageOf(recorded).step) != steps.end();
 }
 
 /// Says where to look further, at most once for each kind of message.
@@ -92,6 +96,8 @@ void hint(const FileResult& result) {
     hintAtRelations(result.file);
   } else if (hasError(isOfModel)) {
     hintAtModel(result.file);
+  } else if (hasError(isOfPhysics)) {
+    hintAtRegions(result.file);
   }
 }
 

@@ -44,6 +44,14 @@ struct ModelOptions {
   bool dot = false;
 };
 
+struct RegionsOptions {
+  std::string file;
+  std::string name;    ///< Of the region to explain; empty for a table of all.
+  int mesh = 0;        ///< As for the model.
+  bool build = false;  ///< As for the model.
+  bool json = false;
+};
+
 struct FormatsOptions {
   bool json = false;
 };
@@ -61,6 +69,7 @@ struct SampleOptions {
 int runCheck(const CheckOptions& options);
 int runInfo(const InfoOptions& options);
 int runModel(const ModelOptions& options);
+int runRegions(const RegionsOptions& options);
 int runFormats(const FormatsOptions& options);
 int runSample(const SampleOptions& options);
 

@@ -28,6 +28,12 @@ inline void hintAtModel(const std::string& file) {
             << std::endl;
 }
 
+/// The same for messages about physics objects and their locations.
+inline void hintAtRegions(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv regions` tells where each physics object lies, and why"
+            << std::endl;
+}
+
 /// The same where no location model could be built.
 inline void hintAtRelations(const std::string& file) {
   std::cerr << "orv: " << file << ": `orv info` lists the zones, and which of them bound which"

@@ -97,6 +97,29 @@ void addModel(CLI::App& app, ModelOptions& options) {
       std::string(kFooter));
 }
 
+void addRegions(CLI::App& app, RegionsOptions& options) {
+  CLI::App* regions = app.add_subcommand("regions", "Tell where the physics regions of a case lie");
+  regions->add_option("FILE", options.file, "A case file or folder")->required();
+  regions->add_option("NAME", options.name, "Explain the region of this name alone");
+  regions
+      ->add_option("-m,--mesh", options.mesh,
+                   "Look in the mesh with this id (default: the first restart mesh)")
+      ->check(CLI::PositiveNumber);
+  regions->add_flag("--build", options.build, "Build a location model even where the file has one");
+  regions->add_flag("--json", options.json, "Print one JSON document instead of text");
+  regions->footer(
+      "Physics regions are the domains, subdomains, boundaries and interfaces of the settings. Their\n"
+      "locations name objects of the location model: bodies, face uses, or composites of these. Where a\n"
+      "file has no model, they are looked up in the one that its zones give, and the output says so.\n"
+      "(?) marks a name that comes to nothing, +5 is side 0 of face zone 5, -5 is side 1, and bulk zones\n"
+      "are face zones inside a body.\n\n"
+      "Examples:\n"
+      "  orv regions case.orv\n"
+      "  orv regions case.orv inflow       why the region lies where it does, name by name\n"
+      "  orv regions case.orv --json | jq '.files[0].regions[] | select(.kind == \"boundary\")'\n\n" +
+      std::string(kFooter));
+}
+
 void addFormats(CLI::App& app, FormatsOptions& options) {
   CLI::App* formats =
       app.add_subcommand("formats", "List the formats that can be read and written");
@@ -142,11 +165,13 @@ int run(int argc, char** argv) {
   CheckOptions check;
   InfoOptions info;
   ModelOptions model;
+  RegionsOptions regions;
   FormatsOptions formats;
   SampleOptions sample;
   addCheck(app, check);
   addInfo(app, info);
   addModel(app, model);
+  addRegions(app, regions);
   addFormats(app, formats);
   addSample(app, sample);
   try {
@@ -162,6 +187,9 @@ int run(int argc, char** argv) {
   }
   if (app.got_subcommand("model")) {
     return runModel(model);
+  }
+  if (app.got_subcommand("regions")) {
+    return runRegions(regions);
   }
   return app.got_subcommand("sample") ? runSample(sample) : runFormats(formats);
 }

@@ -28,13 +28,6 @@ bool hasFaces(const ModelSummary& summary) {
                      [](const PartOfModel& part) { return !part.faces.empty(); });
 }
 
-void printErrors(const ModelSummary& summary) {
-  const char* who = summary.mesh == 0 ? "orv: " : "Error: ";
-  for (const std::string& error : summary.errors) {
-    std::cerr << who << summary.file << ": " << error << std::endl;
-  }
-}
-
 /// Says why a model that was built of a post mesh has bodies alone.
 void explainMissingFaces(const ModelSummary& summary) {
   if (summary.origin == ModelOrigin::built && summary.target != targetRestart &&
@@ -62,14 +55,14 @@ int runModel(const ModelOptions& options) {
       status = exitNotDone;
       continue;
     }
-    const ModelSummary summary = readModel(file, *provider, options.mesh, options.build);
+    const ModelSummary summary = readModel(file, *provider, options.mesh, options.build).summary;
     printMessages(*provider, file);
     status = std::max(status, statusOf(summary));
     if (options.json) {
       files.push_back(modelJson(summary));
       continue;
     }
-    printErrors(summary);
+    std::cerr << modelErrors(summary);
     explainMissingFaces(summary);
     if (summary.origin != ModelOrigin::none) {
       std::cout << before << (options.dot ? modelDot(summary) : modelText(summary)) << std::flush;

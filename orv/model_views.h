@@ -22,6 +22,9 @@ nlohmann::ordered_json modelJson(const ModelSummary& summary);
 /// A graph in the language of Graphviz, its nodes and edges in the order of the model.
 std::string modelDot(const ModelSummary& summary);
 
+/// The errors of a model, a line each, for standard error.
+std::string modelErrors(const ModelSummary& summary);
+
 // --- Words --------------------------------------------------------------------------------------
 
 /// "location model of the file, mesh 1, restart".

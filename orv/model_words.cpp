@@ -20,6 +20,16 @@ std::string noZonesWords(const ModelSummary& summary) {
 
 }  // namespace
 
+std::string modelErrors(const ModelSummary& summary) {
+  // Without a mesh the command could not be carried out, which says nothing against the case.
+  const char* who = summary.mesh == 0 ? "orv" : "Error";
+  std::string lines;
+  for (const std::string& error : summary.errors) {
+    lines += fmt::format("{}: {}: {}\n", who, summary.file, error);
+  }
+  return lines;
+}
+
 std::string originWords(const ModelSummary& summary) {
   const std::string mesh =
       fmt::format("mesh {}, {}{}", summary.mesh, targetWord(summary.target),

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// nearName: edit distances, row by row.
+// nearName, nearNames: edit distances, row by row.
 
 #include "orv/near_name.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
+#include <utility>
 
 namespace velto::orv {
 
@@ -28,6 +29,14 @@ std::size_t distance(const std::string& from, const std::string& to) {
   return row.back();
 }
 
+/// Letters of ASCII in lower case; all else is left as it is.
+std::string lowered(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return text;
+}
+
 }  // namespace
 
 std::string nearName(const std::string& word, const std::vector<std::string>& names) {
@@ -39,6 +48,28 @@ std::string nearName(const std::string& word, const std::vector<std::string>& na
       least = changes;
       nearest = name;
     }
+  }
+  return nearest;
+}
+
+std::vector<std::string> nearNames(const std::string& word, const std::vector<std::string>& names) {
+  constexpr std::size_t kMostNames = 3;
+  const std::size_t allowed = std::min<std::size_t>(2, word.size() / 2);
+  const std::string wanted = lowered(word);
+  std::vector<std::pair<std::size_t, std::string>> found;
+  for (const std::string& name : names) {
+    const bool isOfLength =
+        name.size() <= word.size() + allowed && word.size() <= name.size() + allowed;
+    const std::size_t changes = isOfLength ? distance(wanted, lowered(name)) : allowed + 1;
+    if (changes <= allowed) {
+      found.emplace_back(changes, name);
+    }
+  }
+  std::stable_sort(found.begin(), found.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<std::string> nearest;
+  for (auto one = found.begin(); one != found.end() && nearest.size() < kMostNames; ++one) {
+    nearest.push_back(std::move(one->second));
   }
   return nearest;
 }

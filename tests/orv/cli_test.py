@@ -97,7 +97,9 @@ class Check(CommandLine):
         self.assertNotIn("orv: ", err)
 
     def test_says_where_to_look_when_the_location_model_is_at_fault(self):
-        for defect, hint in (("wrong-location", "`orv model` shows the location model with its names"),
+        for defect, hint in (("unnamed-body", "`orv model` shows the location model with its names"),
+                             ("wrong-location",
+                              "`orv regions` tells where each physics object lies, and why"),
                              ("two-bodies-on-side-0",
                               "`orv info` lists the zones, and which of them bound which")):
             self.orv("sample", "--defect", defect, f"{defect}.orv", "--force")
