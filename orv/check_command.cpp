@@ -15,6 +15,7 @@
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
 #include "orv/hints.h"
+#include "orv/json_report.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -180,14 +181,7 @@ void printJson(const std::vector<FileResult>& results, const CheckOptions& optio
                      {"errors", messagesJson(result.errors)},
                      {"warnings", messagesJson(result.warnings)}});
   }
-  const nlohmann::ordered_json report = {
-      {"orv", ORV_VERSION},
-      {"level", options.level},
-      {"strict", options.strict},
-      {"files", files},
-  };
-  // Names and texts of a damaged file may be no UTF-8: the output stays valid.
-  std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+  printReport({{"level", options.level}, {"strict", options.strict}, {"files", files}});
 }
 
 int statusOf(const std::vector<FileResult>& results) {

@@ -9,6 +9,7 @@
 #include "factory/formats.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
+#include "orv/json_report.h"
 
 namespace velto::orv {
 
@@ -28,8 +29,7 @@ int runFormats(const FormatsOptions& options) {
                       {"reads", format.reads},
                       {"writes", format.writes}});
     }
-    std::cout << nlohmann::ordered_json{{"orv", ORV_VERSION}, {"formats", list}}.dump(2)
-              << std::endl;
+    printReport({{"formats", list}});
     return exitSound;
   }
   TextTable table({{"name"}, {"what it is"}, {"files"}, {"reads"}, {"writes"}});

@@ -15,6 +15,7 @@
 #include "orv/ProgressBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
+#include "orv/json_report.h"
 #include "orv/open_case.h"
 #include "orv/words.h"
 
@@ -225,8 +226,7 @@ int runInfo(const InfoOptions& options) {
     }
   }
   if (options.json) {
-    const nlohmann::ordered_json report = {{"orv", ORV_VERSION}, {"files", files}};
-    std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+    printReport({{"files", files}});
   }
   return status;
 }

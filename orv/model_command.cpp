@@ -9,6 +9,7 @@
 
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
+#include "orv/json_report.h"
 #include "orv/model_views.h"
 #include "orv/open_case.h"
 
@@ -70,9 +71,7 @@ int runModel(const ModelOptions& options) {
     }
   }
   if (options.json) {
-    const nlohmann::ordered_json report = {{"orv", ORV_VERSION}, {"files", files}};
-    // Names may be no UTF-8: the output stays valid.
-    std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+    printReport({{"files", files}});
   }
   return status;
 }

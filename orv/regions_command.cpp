@@ -11,6 +11,7 @@
 
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
+#include "orv/json_report.h"
 #include "orv/model_views.h"
 #include "orv/near_name.h"
 #include "orv/open_case.h"
@@ -108,11 +109,7 @@ int runRegions(const RegionsOptions& options) {
     return exitNotDone;
   }
   if (options.json) {
-    const nlohmann::ordered_json report = {
-        {"orv", ORV_VERSION},
-        {"files", nlohmann::ordered_json::array({regionsJson(summary, options.name)})}};
-    // Names may be no UTF-8: the output stays valid.
-    std::cout << report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+    printReport({{"files", nlohmann::ordered_json::array({regionsJson(summary, options.name)})}});
   } else {
     std::cerr << modelErrors(summary.model);
     printFindings(summary, options.name);

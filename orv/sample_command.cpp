@@ -12,6 +12,7 @@
 #include "orv/ProgressBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
+#include "orv/json_report.h"
 #include "orv/near_name.h"
 #include "samples/defects.h"
 #include "samples/samples.h"
@@ -54,11 +55,7 @@ void printJson() {
                        {"level", defect.isError ? "error" : "warning"},
                        {"message", defect.finding}});
   }
-  std::cout << nlohmann::ordered_json{{"orv", ORV_VERSION},
-                                      {"samples", sound},
-                                      {"defects", damaged}}
-                   .dump(2)
-            << std::endl;
+  printReport({{"samples", sound}, {"defects", damaged}});
 }
 
 // --- What is asked for --------------------------------------------------------------------------
