@@ -116,9 +116,8 @@ class RegionReader {
     region.kind = kind.one;
     region.name = name;
     resolver_.regionLocation(name, region.location);
-    for (unsigned short side = 0; side < region.sides.size(); ++side) {
-      resolver_.sideOf(name, side, region.sides.at(side));
-    }
+    resolver_.sideOf(name, 0, region.sides[0]);
+    resolver_.sideOf(name, 1, region.sides[1]);
     if (region.kind != kInterface.one) {
       readPlaces(region);
       region.statedDomain = settingOf(kind, name, "domain");

@@ -57,7 +57,7 @@ std::string ownerWords(const std::unordered_map<int, int>& owners, int zone, con
 /// What a name that no part knows is otherwise: the name of a zone, which is not the same.
 std::string unknownWords(const RegionSummary& summary, const Region& region,
                          const std::string& name) {
-  const std::string unknown = "no part knows this name";
+  std::string unknown = "no part knows this name";
   const auto found = summary.zonesByName.find(name);
   if (found == summary.zonesByName.end()) {
     return unknown;
