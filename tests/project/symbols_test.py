@@ -33,7 +33,9 @@ NEEDED = [
     "velto::OrvBase::getCellFaceZoneIds(",
     "velto::OrvVersion::getMajor()",
     "velto::OrvLocationModel::createFaceUse(int, int, int, int&)",
+    "velto::OrvLocationModel::findFaceUse(int, std::",
     "velto::OrvVariant::asStringVector() const",
+    "velto::OrvUtilities::splitString(",
 ]
 
 # Mangled names of the standard library, and of the language's own support.

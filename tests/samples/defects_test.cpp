@@ -292,6 +292,11 @@ const std::set<std::string>& notFromACase() {
   return kMessages;
 }
 
+/// What a resolver of physics regions says depends on what a program asks it.
+bool isOfResolver(const Entry& entry) {
+  return entry.body.find("`physics_regions/") != std::string::npos;
+}
+
 std::string seeItIn(const std::string& defect) {
   return "See it: `orv sample --defect " + defect + " FILE`.\n";
 }
@@ -308,7 +313,8 @@ TEST(MessagesPage, NamesADefectForEachMessageThatACaseCanProvoke) {
         seeIt = seeItIn(defect.name);
       }
     }
-    EXPECT_EQ(seeIt.empty(), notFromACase().count(entry.message) == 1) << entry.message;
+    EXPECT_EQ(seeIt.empty(), notFromACase().count(entry.message) == 1 || isOfResolver(entry))
+        << entry.message;
     const std::size_t named = entry.body.find("See it:");
     EXPECT_EQ(named == std::string::npos ? "" : entry.body.substr(named, seeIt.size()), seeIt)
         << entry.message;
