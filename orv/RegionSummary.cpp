@@ -33,7 +33,8 @@ class RegionReader {
       resolve();
     }
     for (const KindOfRegion& kind : kKindsOfRegion) {
-      const std::vector<std::string> names = provider_.getSettings(dataClassCase, kind.more, 1);
+      const std::vector<std::string> names =
+          provider_.getSettings(dataClassCase, std::string(kind.more), 1);
       std::set<std::string> seen;
       for (const std::string& name : names) {
         if (seen.insert(name).second) {
@@ -64,7 +65,7 @@ class RegionReader {
   }
 
   bool isRegion(const KindOfRegion& kind, const std::string& name) const {
-    return resolver_.regionIsOfType(name, kind.one);
+    return resolver_.regionIsOfType(name, std::string(kind.one));
   }
 
   std::optional<std::vector<int>> list(ListQuery query, const std::string& name) const {
@@ -75,14 +76,30 @@ class RegionReader {
   void readObject(const KindOfRegion& kind, const std::string& name) {
     if (isRegion(kind, name)) {
       readRegion(kind, name);
-      return;
+    } else {
+      noteNoRegion(kind, name);
     }
+  }
+
+  /// Tells why a physics object is no region.
+  void noteNoRegion(const KindOfRegion& kind, const std::string& name) {
     const std::string object = fmt::format("{} {}", kind.one, shownName(name));
-    const bool isInterface = kind.one == std::string(kInterface.one);
-    if (isInterface ? lacksSide(name, object) : settingOf(kind, name, "location").empty()) {
-      if (!isInterface) {
-        note(false, name, object + " has no location");
+    if (kind.one == kInterface.one) {
+      for (const char* attribute : {"boundariesSide1", "boundariesSide2"}) {
+        const std::string side = settingOf(kind, name, attribute);
+        if (side.empty()) {
+          note(false, name, fmt::format("{} has no {}", object, attribute));
+          return;
+        }
+        if (!isRegion(kBoundary, side)) {
+          note(true, name,
+               fmt::format("{} has {} {}, but no boundary goes by that name", object, attribute,
+                           shownName(side)));
+          return;
+        }
       }
+    } else if (settingOf(kind, name, "location").empty()) {
+      note(false, name, object + " has no location");
       return;
     }
     for (const KindOfRegion& other : kKindsOfRegion) {
@@ -91,24 +108,6 @@ class RegionReader {
              fmt::format("{} is hidden: the {} of the same name answers to it", object, other.one));
       }
     }
-  }
-
-  /// Tells of a side of an interface that is no boundary.
-  bool lacksSide(const std::string& name, const std::string& object) {
-    for (const char* attribute : {"boundariesSide1", "boundariesSide2"}) {
-      const std::string side = settingOf(kInterface, name, attribute);
-      if (side.empty()) {
-        note(false, name, fmt::format("{} has no {}", object, attribute));
-        return true;
-      }
-      if (!isRegion(kBoundary, side)) {
-        note(true, name,
-             fmt::format("{} has {} {}, but no boundary goes by that name", object, attribute,
-                         shownName(side)));
-        return true;
-      }
-    }
-    return false;
   }
 
   void readRegion(const KindOfRegion& kind, const std::string& name) {

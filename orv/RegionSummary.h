@@ -9,6 +9,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -21,8 +22,8 @@ namespace velto::orv {
 
 /// A kind of regions in words; the settings have the objects of a kind below the plural.
 struct KindOfRegion {
-  const char* one;
-  const char* more;
+  std::string_view one;
+  std::string_view more;
 };
 
 inline constexpr KindOfRegion kDomain = {"domain", "domains"};

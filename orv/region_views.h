@@ -34,10 +34,8 @@ std::string placeWords(const RegionSummary& summary, const Region& region,
 /// "body"; null for a name that no part knows.
 const char* placeWord(PlaceKind kind);
 
-/// Names that somebody may have meant who wrote one that no part knows: of objects that a region of
-/// this kind can lie in, spelled nearly so.
-std::vector<std::string> nearPlaces(const RegionSummary& summary, const Region& region,
-                                    const std::string& name);
+/// The names of all objects that a region of this kind can lie in, in byte order.
+std::vector<std::string> namesOfPlaces(const RegionSummary& summary, const Region& region);
 
 }  // namespace velto::orv
 

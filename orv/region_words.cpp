@@ -7,7 +7,6 @@
 #include <set>
 
 #include "orv/model_views.h"
-#include "orv/near_name.h"
 #include "orv/region_views.h"
 #include "orv/shown_name.h"
 #include "orv/words.h"
@@ -123,8 +122,7 @@ std::string placeWords(const RegionSummary& summary, const Region& region,
                      region.kind);
 }
 
-std::vector<std::string> nearPlaces(const RegionSummary& summary, const Region& region,
-                                    const std::string& name) {
+std::vector<std::string> namesOfPlaces(const RegionSummary& summary, const Region& region) {
   const ModelSummary& model = summary.model;
   std::set<std::string> places;
   const auto add = [&places](const ModelName& known) {
@@ -145,7 +143,7 @@ std::vector<std::string> nearPlaces(const RegionSummary& summary, const Region& 
       add(use.second.relativeName);
     }
   }
-  return nearNames(name, {places.begin(), places.end()});
+  return {places.begin(), places.end()};
 }
 
 }  // namespace velto::orv

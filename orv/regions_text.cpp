@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Physics regions as tables, one for each kind.
+// Physics regions as tables, one for each kind; and a single region with what led to it.
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -10,6 +10,7 @@
 
 #include "orv/TextTable.h"
 #include "orv/model_views.h"
+#include "orv/near_name.h"
 #include "orv/region_views.h"
 #include "orv/shown_name.h"
 #include "orv/words.h"
@@ -74,8 +75,8 @@ Ids allCellZones(const Region& region) {
   return zones;
 }
 
-std::vector<TextTable::Column> headings(const std::string& kind) {
-  std::vector<TextTable::Column> columns = {{kind}};
+std::vector<TextTable::Column> headings(std::string_view kind) {
+  std::vector<TextTable::Column> columns = {{std::string(kind)}};
   const auto add = [&columns](std::initializer_list<const char*> more) {
     for (const char* heading : more) {
       columns.push_back({heading});
@@ -129,15 +130,14 @@ std::string headText(const ModelSummary& model) {
 
 // --- One region ---------------------------------------------------------------------------------
 
-std::string nearWords(const RegionSummary& summary, const Region& region,
-                      const NameInLocation& name) {
-  if (name.place.kind != PlaceKind::none || counts(summary, region, name)) {
-    return "";
-  }
-  Row near;
-  for (const std::string& one : nearPlaces(summary, region, name.name)) {
-    near.push_back(shownName(one));
-  }
+/// Whether a name may be misspelt.
+bool isUnknown(const RegionSummary& summary, const Region& region, const NameInLocation& name) {
+  return name.place.kind == PlaceKind::none && !counts(summary, region, name);
+}
+
+std::string nearWords(const std::string& name, const std::vector<std::string>& places) {
+  Row near = nearNames(name, places);
+  std::transform(near.begin(), near.end(), near.begin(), shownName);
   return near.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(near, " or "));
 }
 
@@ -165,13 +165,19 @@ std::string zonesOfPlace(const RegionSummary& summary, const Region& region,
 }
 
 std::string placesText(const RegionSummary& summary, const Region& region) {
-  TextTable places(std::vector<TextTable::Column>(2));
+  TextTable table(std::vector<TextTable::Column>(2));
+  std::vector<std::string> places;  // Gathered for the first name that needs them.
   for (const NameInLocation& name : region.names) {
-    places.addRow({shownName(name.name), placeWords(summary, region, name) +
-                                             zonesOfPlace(summary, region, name) +
-                                             nearWords(summary, region, name)});
+    std::string words = placeWords(summary, region, name) + zonesOfPlace(summary, region, name);
+    if (isUnknown(summary, region, name)) {
+      if (places.empty()) {
+        places = namesOfPlaces(summary, region);
+      }
+      words += nearWords(name.name, places);
+    }
+    table.addRow({shownName(name.name), words});
   }
-  return places.text("    ");
+  return table.text("    ");
 }
 
 /// Where the domain of a boundary comes from.

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "data_access/OrvTypes.h"
 
@@ -28,7 +29,7 @@ inline const char* targetWord(int target) {
 }
 
 /// "5 faces", "1 body".
-inline std::string counted(std::size_t count, const char* one, const char* more) {
+inline std::string counted(std::size_t count, std::string_view one, std::string_view more) {
   return fmt::format("{} {}", count, count == 1 ? one : more);
 }
 
