@@ -100,7 +100,9 @@ bool PhysicsRegionResolver::bounding(const std::string& region, std::string& dom
 
 bool PhysicsRegionResolver::boundedBy(const std::string& region,
                                       std::vector<std::string>& boundaries) const {
-  boundaries.clear();
+  // Kept harmless: the name may be one of those in the list that is emptied.
+  std::vector<std::string> before;
+  before.swap(boundaries);
   const std::optional<int> id = findRegion(region);
   if (!id) {
     return false;

@@ -47,6 +47,10 @@ void LocationModelScript::deny(const std::string& call, int nth) {
   rules_.push_back({call, nth, Fate::denied});
 }
 
+void LocationModelScript::add(const ModelRefusal& refusal) {
+  rules_.push_back({refusal.call, refusal.nth, refusal.isDenied ? Fate::denied : Fate::refused});
+}
+
 LocationModelScript::Fate LocationModelScript::fateOf(const std::string& call) {
   if (current == nullptr) {
     return Fate::carriedOut;

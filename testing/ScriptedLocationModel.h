@@ -12,6 +12,13 @@
 
 namespace velto::testing {
 
+/// What a model does not do when it is asked, as a value: for random tests.
+struct ModelRefusal {
+  std::string call;
+  int nth = 0;            ///< 0 for each.
+  bool isDenied = false;  ///< Carried out, and answered with false all the same.
+};
+
 /// In a program that is linked with velto_scripted_location_model, the operations of every
 /// OrvLocationModel pass the script that was made last and is still alive, those of models that a
 /// tool makes for itself as well:
@@ -35,6 +42,9 @@ class LocationModelScript {
 
   /// It is carried out, and answers false all the same.
   void deny(const std::string& call, int nth = 0);
+
+  /// Either of them.
+  void add(const ModelRefusal& refusal);
 
   /// What becomes of a call; for the operations themselves.
   enum class Fate { carriedOut, denied, refused };

@@ -195,9 +195,9 @@ class ZoneTables {
   std::vector<int> cellZones_;
 };
 
-std::vector<RandomRefusal> anyRefusals(Random& random) {
-  std::vector<RandomRefusal> refusals(random.chance(65) ? 0 : 1 + random.below(2));
-  for (RandomRefusal& refusal : refusals) {
+std::vector<ModelRefusal> anyRefusals(Random& random) {
+  std::vector<ModelRefusal> refusals(random.chance(65) ? 0 : 1 + random.below(2));
+  for (ModelRefusal& refusal : refusals) {
     refusal.call = random.pick<std::string>(
         {"createBody", "createFace", "createFaceUse", "setBodyZones", "setFaceUseZoneSides",
          "setFaceUseName", "findFace", "getFaceSides", "createPart"});
@@ -211,12 +211,8 @@ std::vector<RandomRefusal> anyRefusals(Random& random) {
 
 Preparation RandomBuild::preparation() const {
   return [this](ScriptedProvider&, LocationModelScript& script) {
-    for (const RandomRefusal& refusal : refusals) {
-      if (refusal.isDenied) {
-        script.deny(refusal.call, refusal.nth);
-      } else {
-        script.refuse(refusal.call, refusal.nth);
-      }
+    for (const ModelRefusal& refusal : refusals) {
+      script.add(refusal);
     }
   };
 }

@@ -13,16 +13,9 @@
 
 namespace velto::testing {
 
-/// What a model does not do when it is asked.
-struct RandomRefusal {
-  std::string call;
-  int nth = 0;
-  bool isDenied = false;  ///< Done, and answered with false all the same.
-};
-
 struct RandomBuild {
   CasePtr served;
-  std::vector<RandomRefusal> refusals;
+  std::vector<ModelRefusal> refusals;
 
   /// Hands the refusals to the script of a run.
   Preparation preparation() const;
