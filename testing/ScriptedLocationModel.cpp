@@ -4,6 +4,8 @@
 
 #include "testing/ScriptedLocationModel.h"
 
+#include <stdexcept>
+
 #include "data_access/OrvLocationModel.h"
 
 #include "embedded/base/OrvLocationModelState.h"
@@ -25,6 +27,8 @@ bool played(const std::string& call, const Operation& operation) {
     case LocationModelScript::Fate::denied:
       operation();
       return false;
+    case LocationModelScript::Fate::broken:
+      throw std::runtime_error(call);
     default:
       return operation();
   }
@@ -49,6 +53,10 @@ void LocationModelScript::deny(const std::string& call, int nth) {
 
 void LocationModelScript::add(const ModelRefusal& refusal) {
   rules_.push_back({refusal.call, refusal.nth, refusal.isDenied ? Fate::denied : Fate::refused});
+}
+
+void LocationModelScript::breakDown(const std::string& call, int nth) {
+  rules_.push_back({call, nth, Fate::broken});
 }
 
 LocationModelScript::Fate LocationModelScript::fateOf(const std::string& call) {

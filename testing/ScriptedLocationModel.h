@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// LocationModelScript: writes down what is asked of location models, and has them refuse.
+// LocationModelScript: writes down what is asked of location models, and has them refuse or throw.
 
 #ifndef VELTO_TESTING_SCRIPTED_LOCATION_MODEL_H
 #define VELTO_TESTING_SCRIPTED_LOCATION_MODEL_H
@@ -46,8 +46,11 @@ class LocationModelScript {
   /// Either of them.
   void add(const ModelRefusal& refusal);
 
+  /// It does nothing and throws a std::runtime_error with the text of the call.
+  void breakDown(const std::string& call, int nth = 0);
+
   /// What becomes of a call; for the operations themselves.
-  enum class Fate { carriedOut, denied, refused };
+  enum class Fate { carriedOut, denied, refused, broken };
   static Fate fateOf(const std::string& call);
 
  private:

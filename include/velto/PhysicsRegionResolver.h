@@ -93,12 +93,13 @@ class VELTO_EXPORT PhysicsRegionResolver {
   bool cellZones(const std::string& region, std::vector<int>& cellNodeZones,
                  std::vector<int>& otherZones) const;
 
-  /// The domain that a subdomain or boundary lies in. Before resolving, the last subdomain or
-  /// boundary that names a domain.
+  /// The domain that a subdomain or boundary lies in; of a boundary inside a body the subdomain, if
+  /// that takes the body in as well. Before resolving, of a domain, the last subdomain or boundary
+  /// that names it.
   bool bounding(const std::string& region, std::string& domain) const;
 
   /// The boundaries of a domain, in the order of the settings; false without an error if there are
-  /// none. Before resolving there are none.
+  /// none. Before resolving there are none, unless objects share names.
   bool boundedBy(const std::string& region, std::vector<std::string>& boundaries) const;
 
   // --- What the settings say; at once -----------------------------------------------------------

@@ -47,9 +47,12 @@ const RegionTable& tableOf(const PhysicsRegionResolver& resolver);
 /// All of a table: regions by id with every entry that they have, then the two maps that are not by
 /// region. An entry that holds an empty list is shown, as "[]"; maps that hold nothing are not.
 ///
-///     0 domain water at 'channel': bodies [2], cell zones [7] [], bulk zones [2], zone sides [4,
-///     -6] 1 boundary walls at 'inlet, hull': face uses [4], zone sides [4] 2 boundary screen at
-///     'screen' 3 interface heat: sides 1 2 ids: heat 3, screen 2, walls 1, water 0 domains: 1 -> 0
+///     0 domain water at 'channel': bodies [2], cell zones [7] [], bulk zones [], zone sides [4]
+///     1 boundary walls at 'inlet, hull': face uses [4], zone sides [4]
+///     2 boundary screen at 'screen'
+///     3 interface heat: sides 1 2
+///     ids: heat 3, screen 2, walls 1, water 0
+///     domains: 1 -> 0
 std::string tableText(const RegionTable& table);
 
 }  // namespace velto::testing

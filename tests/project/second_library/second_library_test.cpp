@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "velto/OrvChecker.h"
+#include "velto/PhysicsRegionResolver.h"
 
 #include "data_access/OrvFactory.h"
 #include "data_access/OrvFileProvider.h"
@@ -94,6 +95,26 @@ TEST(SecondLibrary, SettersReachItsTables) {
   provider->getMeshSize(velto::meshDimension, dimension);
   EXPECT_EQ(dimension, 3U);
   EXPECT_EQ(provider->getSettings(velto::dataClassCase, "library", 0).asString(), "tiny");
+}
+
+TEST(SecondLibrary, ResolverAsksIt) {
+  const TinyFile file("3");
+  velto::OrvFileProvider* provider = velto::getDataProvider(file.name());
+  const std::unique_ptr<velto::OrvFileIO> owner(provider);
+  ASSERT_TRUE(provider->startReading(file.name(), velto::dataClassCase));
+
+  velto::PhysicsRegionResolver resolver(provider);
+  EXPECT_FALSE(resolver.resolveUsing(provider));
+  Texts regions;
+  EXPECT_FALSE(resolver.regionsOfType(regions, ""));
+  EXPECT_EQ(resolver.getErrors(),
+            (Texts{"Location Model is not valid as it doesn't contain any parts.",
+                   "This case doesn't contain any physics regions."}));
+
+  velto::OrvLocationModel model;
+  int part = 0;
+  model.createPart(0, "part", part);
+  EXPECT_TRUE(resolver.resolveUsing(&model, provider));
 }
 
 TEST(SecondLibrary, LocationModelKeepsItsObjects) {
