@@ -35,6 +35,23 @@ inline int zoneOfSide(int zoneSide) { return zoneSide < 0 ? side1Of(zoneSide) : 
 /// Kinds of objects that a name in a location can stand for.
 enum class PlaceKind { none, body, composite, face, faceUse };
 
+/// The word for a kind; empty for `none`.
+inline const char* wordOf(PlaceKind kind) {
+  switch (kind) {
+    case PlaceKind::body:
+      return "body";
+    case PlaceKind::composite:
+      return "composite";
+    case PlaceKind::face:
+      return "face";
+    case PlaceKind::faceUse:
+      return "face use";
+    case PlaceKind::none:
+      break;
+  }
+  return "";
+}
+
 struct Place {
   PlaceKind kind = PlaceKind::none;
   int id = 0;

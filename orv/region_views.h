@@ -31,9 +31,6 @@ std::string regionWords(const Region& region);
 std::string placeWords(const RegionSummary& summary, const Region& region,
                        const NameInLocation& name);
 
-/// "body"; null for a name that no part knows.
-const char* placeWord(PlaceKind kind);
-
 /// The names of all objects that a region of this kind can lie in, in byte order.
 std::vector<std::string> namesOfPlaces(const RegionSummary& summary, const Region& region);
 

@@ -25,7 +25,7 @@ const PartOfModel* partOf(const ModelSummary& model, int id) {
 std::string ofPart(const ModelSummary& model, const NameInLocation& name) {
   const PartOfModel* part = partOf(model, name.part);
   return fmt::format(
-      "{} of part {}", placeWord(name.place.kind),
+      "{} of part {}", wordOf(name.place.kind),
       part == nullptr ? fmt::format("{}", name.part) : nameWord(part->name, part->id));
 }
 
@@ -86,22 +86,6 @@ std::string unknownWords(const RegionSummary& summary, const Region& region,
 
 std::string regionWords(const Region& region) {
   return fmt::format("{} {}", region.kind, shownName(region.name));
-}
-
-const char* placeWord(PlaceKind kind) {
-  switch (kind) {
-    case PlaceKind::body:
-      return "body";
-    case PlaceKind::composite:
-      return "composite";
-    case PlaceKind::face:
-      return "face";
-    case PlaceKind::faceUse:
-      return "face use";
-    case PlaceKind::none:
-      break;
-  }
-  return nullptr;
 }
 
 std::string placeWords(const RegionSummary& summary, const Region& region,

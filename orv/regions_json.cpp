@@ -22,10 +22,9 @@ Json faceUseReference(const ModelSummary& model, int id) { return reference(mode
 
 Json nameInLocationJson(const RegionSummary& summary, const Region& region,
                         const NameInLocation& name) {
-  const char* found = placeWord(name.place.kind);
-  const bool isKnown = found != nullptr;
+  const bool isKnown = name.place.kind != PlaceKind::none;
   return {{"name", name.name},
-          {"found", isKnown ? Json(found) : Json()},
+          {"found", textOrNull(wordOf(name.place.kind))},
           {"id", isKnown ? Json(name.place.id) : Json()},
           {"part", isKnown ? Json(name.part) : Json()},
           {"counts", counts(summary, region, name)}};

@@ -23,22 +23,6 @@ namespace velto {
 
 namespace {
 
-std::string wordOf(PlaceKind kind) {
-  switch (kind) {
-    case PlaceKind::body:
-      return "body";
-    case PlaceKind::composite:
-      return "composite";
-    case PlaceKind::face:
-      return "face";
-    case PlaceKind::faceUse:
-      return "face use";
-    case PlaceKind::none:
-      break;
-  }
-  return "";
-}
-
 /// Tells on standard error alone; no list of errors keeps it.
 void displayLine(const std::string& text) { std::cerr << text << std::endl; }
 
@@ -169,7 +153,8 @@ bool PhysicsRegionResolver::Resolving::lookUp(const Region& region, std::vector<
       } else if (place.kind == PlaceKind::composite) {
         addMembers(place.id, region.kind, ids);
       } else {
-        displayLine("Unexpectedly found a " + wordOf(place.kind) + " '" + std::to_string(place.id) +
+        const std::string found = wordOf(place.kind);
+        displayLine("Unexpectedly found a " + found + " '" + std::to_string(place.id) +
                     "' in the location of a " + wordOf(region.kind) + ".");
         return false;
       }

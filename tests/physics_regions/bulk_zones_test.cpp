@@ -26,13 +26,7 @@ const char* const kChannelAndHeater = R"(
     composite volume: channel
 )";
 
-/// Beside domains 0 "water" and 1 "steel", which are in front of every row's table.
-std::string withDomains(const std::string& boundaries) {
-  return "domains/water/location = channel\n"
-         "domains/steel/location = heater\n" +
-         boundaries;
-}
-
+/// Of the domains that withDomains() gives, in front of every row's table.
 const std::string kDomains =
     "0 domain water at 'channel': bodies [2], cell zones [7] [], bulk zones [2], zone sides [4]\n"
     "1 domain steel at 'heater': bodies [3], cell zones [] [8], bulk zones [], zone sides [5]\n";

@@ -53,6 +53,13 @@ inline void expectResolution(const ResolutionRow& row) {
   EXPECT_EQ(run.errors(), Texts());
 }
 
+/// Settings of boundaries beside domains 0 "water" in body "channel" and 1 "steel" in "heater".
+inline std::string withDomains(const std::string& boundaries) {
+  return "domains/water/location = channel\n"
+         "domains/steel/location = heater\n" +
+         boundaries;
+}
+
 /// The name of a row as the end of a test's name.
 template <class Row>
 std::string nameOf(const ::testing::TestParamInfo<Row>& row) {
