@@ -270,8 +270,15 @@ bool counts(const RegionSummary& summary, const Region& region, const NameInLoca
     case PlaceKind::none:
       break;
   }
+  if (isVolume(region)) {
+    return false;
+  }
   // A boundary with the name of a zone inside a body lies there, whatever its location says.
-  return !isVolume(region) && region.bulkZones && !region.bulkZones->empty();
+  if (summary.isResolved) {
+    return region.bulkZones && !region.bulkZones->empty();
+  }
+  const auto zone = summary.zonesByName.find(region.name);
+  return zone != summary.zonesByName.end() && summary.bodiesByZone.count(zone->second) != 0;
 }
 
 RegionSummary readRegions(OrvFileProvider& provider, ModelOfCase& model) {

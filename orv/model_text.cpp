@@ -101,13 +101,10 @@ std::string facesText(const ModelSummary& summary, const PartOfModel& part) {
 template <class WordOf>
 void addMembers(std::vector<std::string>& members, const char* one, const char* more,
                 const std::vector<int>& ids, WordOf wordOf) {
-  if (ids.empty()) {
-    return;
+  if (!ids.empty()) {
+    members.push_back(
+        fmt::format("{} {}", ids.size() == 1 ? one : more, joined(ids, kSeparator, wordOf)));
   }
-  std::vector<std::string> words;
-  words.reserve(ids.size());
-  std::transform(ids.begin(), ids.end(), std::back_inserter(words), wordOf);
-  members.push_back(fmt::format("{} {}", ids.size() == 1 ? one : more, joined(words, kSeparator)));
 }
 
 std::string compositeLine(const ModelSummary& summary, int id) {

@@ -37,12 +37,9 @@ std::string memberWords(const ModelSummary& model, const Region& region, int id)
   if (members.empty()) {
     return ofBodies ? "without bodies" : "without face uses";
   }
-  std::vector<std::string> words;
-  words.reserve(members.size());
-  for (const int member : members) {
-    words.push_back(ofBodies ? bodyWord(model, member) : faceUseWord(model, member));
-  }
-  return "with " + joined(words, ", ");
+  return "with " + joined(members, ", ", [&model, ofBodies](int member) {
+           return ofBodies ? bodyWord(model, member) : faceUseWord(model, member);
+         });
 }
 
 /// "; body channel has it"; nothing if no object has the zone.

@@ -24,11 +24,7 @@ using Row = std::vector<std::string>;
 
 template <class WordOf>
 std::string listed(const Ids& ids, WordOf wordOf) {
-  Row words;
-  if (ids) {
-    std::transform(ids->begin(), ids->end(), std::back_inserter(words), wordOf);
-  }
-  return joined(words, ", ");
+  return ids ? joined(*ids, ", ", wordOf) : "-";
 }
 
 /// A cell of a table, or a line of an explanation, for one sort of places.
@@ -54,13 +50,11 @@ class PlaceLists {
 };
 
 std::string namesWord(const RegionSummary& summary, const Region& region) {
-  Row words;
   const bool isLookedUp = summary.model.origin != ModelOrigin::none;
-  for (const NameInLocation& name : region.names) {
+  return joined(region.names, ", ", [&](const NameInLocation& name) {
     const bool isLost = isLookedUp && !counts(summary, region, name);
-    words.push_back(shownName(name.name) + (isLost ? " (?)" : ""));
-  }
-  return joined(words, ", ");
+    return shownName(name.name) + (isLost ? " (?)" : "");
+  });
 }
 
 std::string domainWord(const Region& region) {
@@ -210,10 +204,7 @@ void addVolumeRows(TextTable& table, const RegionSummary& summary, const Region&
   table.addRow({"bulk zones", lists.zones(region.bulkZones)});
   table.addRow({"zone sides", lists.zoneSides(region)});
   if (region.kind == kDomain.one) {
-    Row boundaries;
-    std::transform(region.boundaries.begin(), region.boundaries.end(),
-                   std::back_inserter(boundaries), shownName);
-    table.addRow({"boundaries", joined(boundaries, ", ")});
+    table.addRow({"boundaries", joined(region.boundaries, ", ", shownName)});
   }
 }
 

@@ -5,11 +5,13 @@
 #ifndef VELTO_ORV_WORDS_H
 #define VELTO_ORV_WORDS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <fmt/format.h>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data_access/OrvTypes.h"
 
@@ -36,18 +38,24 @@ inline std::string counted(std::size_t count, std::string_view one, std::string_
 /// The longest list that a table shows whole; --json gives them all.
 inline constexpr std::size_t kListShown = 8;
 
-/// "7,8,9", "-" for none, and "1,2,3,... of 100" for a list that is longer than a table can take.
-template <class List>
-std::string joined(const List& list, const char* separator = ",") {
-  if (list.empty()) {
+/// "7,8,9", "-" for none, and "1,2,3,... of 100" for a list that is longer than a table can take;
+/// each entry as `wordOf` gives it, which is asked for those that are shown.
+template <class List, class WordOf>
+std::string joined(const List& list, const char* separator, WordOf wordOf) {
+  const bool isWhole = list.size() <= kListShown;
+  const auto shownEnd = isWhole ? list.end() : std::next(list.begin(), 3);
+  std::vector<std::string> words;
+  std::transform(list.begin(), shownEnd, std::back_inserter(words), wordOf);
+  if (words.empty()) {
     return "-";
   }
-  if (list.size() <= kListShown) {
-    return fmt::format("{}", fmt::join(list, separator));
-  }
-  return fmt::format("{}{}... of {}",
-                     fmt::join(list.begin(), std::next(list.begin(), 3), separator), separator,
-                     list.size());
+  return fmt::format("{}{}", fmt::join(words, separator),
+                     isWhole ? "" : fmt::format("{}... of {}", separator, list.size()));
+}
+
+template <class List>
+std::string joined(const List& list, const char* separator = ",") {
+  return joined(list, separator, [](const auto& entry) { return fmt::format("{}", entry); });
 }
 
 }  // namespace velto::orv

@@ -37,8 +37,8 @@ namespace velto {
 ///     interface    interfaces/<name>/              the boundaries on its two sides
 ///
 /// An object without location, or an interface without two boundaries, is no region; OrvChecker is
-/// what complains of it. Of several objects of one name the one read last answers to it: an
-/// interface before a boundary, a boundary before a subdomain, a subdomain before a domain.
+/// what complains of it. Of several objects of one name the one that is read last answers to it;
+/// domains are read first, then subdomains, boundaries and interfaces.
 ///
 /// Queries empty their output first and answer false, with the reason among the errors, where there
 /// is nothing. A resolver serves one thread at a time, queries included: they add to the errors.

@@ -221,6 +221,7 @@ STOPPED = """
 domains/water/location = channel
 boundaries/lid/location = channel
 boundaries/walls/location = hull
+boundaries/screen/location = screen
 """
 
 STOPPED_OUT = HEAD + """\
@@ -230,8 +231,9 @@ water   channel   -       -           -           -
 boundary  location     domain  face uses  zone sides  bulk zones
 lid       channel (?)  -       -          -           -
 walls     hull         -       -          -           -
+screen    screen       -       -          -           -
 
-1 domain, 0 subdomains, 2 boundaries, 0 interfaces
+1 domain, 0 subdomains, 3 boundaries, 0 interfaces
 """
 
 UNEXPECTED = "Unexpectedly found a body '2' in the location of a boundary.\n"
@@ -381,6 +383,17 @@ class Regions(unittest.TestCase):
         self.assertEqual(self.orv("regions", "case.orv", "lid"), (1, EXPLAINED_LID, UNEXPECTED))
         status, _, err = self.orv("regions", "case.orv", "walls")
         self.assertEqual((status, err), (1, UNEXPECTED + MISPLACED))
+
+    def test_tells_what_follows_from_a_domain_that_lies_nowhere(self):
+        self.orv("sample", "--defect", "wrong-location", "wrong.orv", "--force")
+        status, _, err = self.orv("regions", "wrong.orv")
+        self.assertEqual((status, err), (1, (
+            "Error: wrong.orv: domain water: Channel: no part knows this name\n"
+            "Error: wrong.orv: boundary screen: screen: no part knows this name, but face zone "
+            "screen [3] inside body channel bears it; no domain or subdomain lies in that body\n"
+            + HINT.replace("case.orv", "wrong.orv"))))
+        _, out, _ = self.orv("regions", "wrong.orv", "water")
+        self.assertIn("    Channel  no part knows this name; did you mean channel?\n", out)
 
     def test_tells_that_no_model_could_be_built(self):
         self.orv("sample", "--defect", "two-bodies-on-side-0", "shared.orv", "--force")
