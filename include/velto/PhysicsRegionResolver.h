@@ -20,10 +20,11 @@ namespace velto {
 /// Answers, for the domains, subdomains, boundaries and interfaces of a case's settings, which
 /// bodies, face uses, cell zones and zone sides they come to.
 ///
-///     const velto::PhysicsRegionResolver resolver(provider);   // names and locations
-///     resolver.resolveUsing(provider);                         // looks them up
-///     std::vector<int> sides;
-///     if (resolver.zoneSides("inlet", sides)) { ... }
+///     velto::PhysicsRegionResolver resolver(provider);   // names and locations
+///     if (resolver.resolveUsing(provider)) {             // looks them up
+///       std::vector<int> sides;
+///       if (resolver.zoneSides("inlet", sides)) { ... }
+///     }
 ///
 /// A location is a text of names with commas between them. Of domains and subdomains each name is
 /// a body or a composite of bodies, of boundaries a face use or a composite of face uses; a

@@ -33,7 +33,7 @@ NEEDED = [
     "velto::OrvBase::getCellFaceZoneIds(",
     "velto::OrvVersion::getMajor()",
     "velto::OrvLocationModel::createFaceUse(int, int, int, int&)",
-    "velto::OrvLocationModel::findFaceUse(int, std::",
+    "velto::OrvLocationModel::findFaceUse(int, ",
     "velto::OrvVariant::asStringVector() const",
     "velto::OrvUtilities::splitString(",
 ]
@@ -102,7 +102,9 @@ class Symbols(unittest.TestCase):
         "velto::OrvBase::getCellFaceZoneIds(int, std::list<int>&)": "U",
         "velto::OrvVersion::getMajor()": "U",
         "velto::OrvLocationModel::createFaceUse(int, int, int, int&)": "U",
+        "velto::OrvLocationModel::findFaceUse(int, std::string const&, int&) const": "U",
         "velto::OrvVariant::asStringVector() const": "U",
+        "velto::OrvUtilities::splitString(std::string const&, bool, char)": "U",
         "velto::OrvChecker::checkCase(std::string const&)": "T",
         "velto::OrvFileIO::~OrvFileIO()": "W",
         "typeinfo for velto::OrvBase": "U",
