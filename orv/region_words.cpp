@@ -90,7 +90,7 @@ std::string placeWords(const RegionSummary& summary, const Region& region,
   const ModelSummary& model = summary.model;
   if (name.place.kind == PlaceKind::none) {
     return counts(summary, region, name)
-               ? "no part knows this name; the zone inside a body that the boundary is named after counts"
+               ? "no part knows this name; the boundary lies on the face zone that bears its own name"
                : unknownWords(summary, region, name.name);
   }
   if (name.place.kind == PlaceKind::composite) {

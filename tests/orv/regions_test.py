@@ -94,7 +94,7 @@ subdomain heating
     "screen": """\
 boundary screen
   location
-    screen  no part knows this name; the zone inside a body that the boundary is named after counts
+    screen  no part knows this name; the boundary lies on the face zone that bears its own name
   face uses   -
   zone sides  -
   bulk zones  screen [3]
