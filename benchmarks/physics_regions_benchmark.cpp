@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // What it costs to resolve physics regions, by regions and by the size of the location model, in
-// regions per second. Beside it stand the reading of the regions from the settings, the queries of
-// all regions, and the bare lookups in the model that a resolving cannot do without.
+// regions per second. Beside it stand the reading of the regions from the settings, a query of each
+// region, and one bare lookup in the model for each.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -24,8 +24,7 @@ using namespace velto;
 
 /// Bodies in one part, each with ten face uses and a zone inside. Of the regions a tenth are
 /// domains of one body, a tenth subdomains, a twentieth boundaries on a zone inside a body, a
-/// twentieth boundaries on a composite, the rest boundaries on one or two face uses of the first
-/// bodies.
+/// twentieth boundaries on a composite, the rest boundaries on two face uses of one body.
 class Plant {
  public:
   Plant(int regions, int bodies) : bodies_(bodies) {
@@ -49,9 +48,8 @@ class Plant {
     return provider;
   }
 
-  static constexpr int kUses = 10;
-
  private:
+  static constexpr int kUses = 10;          // of a body
   static constexpr int kZones = kUses + 2;  // of a body: cells, inside, around
 
   static std::string useName(int body, int use) {
@@ -163,7 +161,7 @@ void query(benchmark::State& state) {
   reportRegions(state);
 }
 
-/// One lookup for each region, of one name with a part and a place.
+/// For each region the first name of its location, tried as the place of a boundary.
 void findOnce(benchmark::State& state) {
   const auto provider = providerOf(state);
   const PhysicsRegionResolver resolver(provider.get());

@@ -92,6 +92,12 @@ inline Place findPlace(const OrvLocationModel& model, int part, const std::strin
   return {};
 }
 
+/// Whether an object has no business in the locations that an order is for.
+inline bool isMisplaced(const Place& place, const PlaceOrder& order) {
+  return place.kind != PlaceKind::none && place.kind != PlaceKind::composite &&
+         place.kind != order.front().kind;
+}
+
 }  // namespace velto
 
 #endif  // VELTO_DATA_ACCESS_LOCATION_MODELS_H

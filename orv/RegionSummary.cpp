@@ -148,12 +148,11 @@ class RegionReader {
   void readPlaces(Region& region) const {
     std::vector<std::string> names;
     OrvUtilities::splitString(region.location, names, true, ',');
-    const PlaceOrder& order = isVolume(region) ? kVolumePlaces : kSurfacePlaces;
     for (std::string& name : names) {
       NameInLocation found;
       for (auto part = parts_.begin(); part != parts_.end() && found.place.kind == PlaceKind::none;
            ++part) {
-        found.place = findPlace(*model_, *part, name, order);
+        found.place = findPlace(*model_, *part, name, placesFor(region));
         found.part = *part;
       }
       found.name = std::move(name);
@@ -203,22 +202,6 @@ void judgeDomain(const Region& region, const std::set<std::string>& domains,
   }
 }
 
-/// A name that has no business in the location of any region of this kind, which ends a resolving.
-bool isMisplaced(const Region& region, const NameInLocation& name) {
-  switch (name.place.kind) {
-    case PlaceKind::body:
-      return !isVolume(region);
-    case PlaceKind::faceUse:
-      return isVolume(region);
-    case PlaceKind::face:
-      return true;
-    case PlaceKind::composite:
-    case PlaceKind::none:
-      break;
-  }
-  return false;
-}
-
 void judgePlaces(RegionSummary& summary) {
   bool isExplained = summary.isResolved || !summary.model.errors.empty();
   for (const Region& region : summary.regions) {
@@ -226,7 +209,7 @@ void judgePlaces(RegionSummary& summary) {
       if (counts(summary, region, name)) {
         continue;
       }
-      const bool endsResolving = isMisplaced(region, name);
+      const bool endsResolving = isMisplaced(name.place, placesFor(region));
       isExplained = isExplained || endsResolving;
       summary.findings.push_back(
           {true, endsResolving ? Finding::About::resolving : Finding::About::place, region.name,
@@ -256,19 +239,12 @@ void judgeDomains(RegionSummary& summary) {
 }  // namespace
 
 bool counts(const RegionSummary& summary, const Region& region, const NameInLocation& name) {
-  switch (name.place.kind) {
-    case PlaceKind::body:
-      return isVolume(region);
-    case PlaceKind::faceUse:
-      return !isVolume(region);
-    case PlaceKind::composite: {
-      const CompositeOfModel& composite = summary.model.composites.at(name.place.id);
-      return !(isVolume(region) ? composite.bodies : composite.faceUses).empty();
-    }
-    case PlaceKind::face:
-      return false;
-    case PlaceKind::none:
-      break;
+  if (name.place.kind == PlaceKind::composite) {
+    const CompositeOfModel& composite = summary.model.composites.at(name.place.id);
+    return !(isVolume(region) ? composite.bodies : composite.faceUses).empty();
+  }
+  if (name.place.kind != PlaceKind::none) {
+    return !isMisplaced(name.place, placesFor(region));
   }
   if (isVolume(region)) {
     return false;

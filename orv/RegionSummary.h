@@ -94,6 +94,11 @@ inline bool isVolume(const Region& region) {
   return region.kind == kDomain.one || region.kind == kSubdomain.one;
 }
 
+/// What can stand in its location.
+inline const PlaceOrder& placesFor(const Region& region) {
+  return isVolume(region) ? kVolumePlaces : kSurfacePlaces;
+}
+
 /// Whether a name of a location has come to something.
 bool counts(const RegionSummary& summary, const Region& region, const NameInLocation& name);
 

@@ -34,6 +34,12 @@ inline void hintAtRegions(const std::string& file) {
             << std::endl;
 }
 
+/// The same for names in a location that come to nothing.
+inline void hintAtExplanation(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv regions " << file
+            << " NAME` explains a region, and what may have been meant" << std::endl;
+}
+
 /// The same where no location model could be built.
 inline void hintAtRelations(const std::string& file) {
   std::cerr << "orv: " << file << ": `orv info` lists the zones, and which of them bound which"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// nearName, nearNames: edit distances, row by row.
+// guessWords, nearNames: edit distances, row by row.
 
 #include "orv/near_name.h"
 
@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <numeric>
 #include <utility>
+
+#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -37,8 +39,6 @@ std::string lowered(std::string text) {
   return text;
 }
 
-}  // namespace
-
 std::string nearName(const std::string& word, const std::vector<std::string>& names) {
   std::string nearest;
   std::size_t least = std::max<std::size_t>(2, word.size() / 3) + 1;
@@ -50,6 +50,13 @@ std::string nearName(const std::string& word, const std::vector<std::string>& na
     }
   }
   return nearest;
+}
+
+}  // namespace
+
+std::string guessWords(const std::string& word, const std::vector<std::string>& names) {
+  const std::string near = nearName(word, names);
+  return near.empty() ? "" : "did you mean " + shownName(near) + "? ";
 }
 
 std::vector<std::string> nearNames(const std::string& word, const std::vector<std::string>& names) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// nearName, nearNames: names that somebody may have meant who mistyped one.
+// guessWords, nearNames: names that somebody may have meant who mistyped one.
 
 #ifndef VELTO_ORV_NEAR_NAME_H
 #define VELTO_ORV_NEAR_NAME_H
@@ -10,9 +10,10 @@
 
 namespace velto::orv {
 
-/// The name of `names` that takes the fewest changes of a character to become `word`, the first of
-/// several; empty if all of them take more than two and more than a third of its length.
-std::string nearName(const std::string& word, const std::vector<std::string>& names);
+/// "did you mean inflow? ", to stand before more words: the name of `names` that takes the fewest
+/// changes of a character to become `word`, the first of several. Nothing if all of them take more
+/// than two and more than a third of its length.
+std::string guessWords(const std::string& word, const std::vector<std::string>& names);
 
 /// The names of `names` that differ from `word` in case, or in a character or two besides: the
 /// nearest first, no more than three. Short words take fewer changes, so that "in" is not near

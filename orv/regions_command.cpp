@@ -11,6 +11,7 @@
 
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
+#include "orv/hints.h"
 #include "orv/json_report.h"
 #include "orv/model_views.h"
 #include "orv/near_name.h"
@@ -43,8 +44,7 @@ void printFindings(const RegionSummary& summary, const std::string& only) {
   if (only.empty() &&
       std::any_of(summary.findings.begin(), summary.findings.end(),
                   [](const Finding& finding) { return finding.about == Finding::About::place; })) {
-    std::cerr << "orv: " << file << ": `orv regions " << file
-              << " NAME` explains a region, and what may have been meant" << std::endl;
+    hintAtExplanation(file);
   }
   if (summary.regions.empty() && summary.findings.empty()) {
     std::cerr << "orv: " << file << ": the settings have no physics objects" << std::endl;
@@ -74,10 +74,8 @@ void refuseName(const RegionSummary& summary, const std::string& name) {
   for (const Region& region : summary.regions) {
     names.push_back(region.name);
   }
-  const std::string near = nearName(name, names);
   std::cerr << fmt::format("orv: {0}: no region is named {1}; {2}`orv regions {0}` lists all",
-                           summary.model.file, shownName(name),
-                           near.empty() ? "" : fmt::format("did you mean {}? ", shownName(near)))
+                           summary.model.file, shownName(name), guessWords(name, names))
             << std::endl;
 }
 

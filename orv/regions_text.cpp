@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <iterator>
+#include <initializer_list>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orv/TextTable.h"

@@ -78,10 +78,8 @@ std::vector<std::string> namesOf(const std::vector<Info>& list) {
 
 ExitStatus refuseName(const std::string& kind, const std::string& name,
                       const std::vector<std::string>& names) {
-  const std::string near = nearName(name, names);
-  const std::string guess = near.empty() ? "" : fmt::format("did you mean {}? ", near);
-  return refuse(
-      fmt::format("no {} is named {}; {}`orv sample --list` lists all", kind, name, guess));
+  return refuse(fmt::format("no {} is named {}; {}`orv sample --list` lists all", kind, name,
+                            guessWords(name, names)));
 }
 
 /// Bytes for people: "812 bytes", "1.2 MB".

@@ -148,15 +148,16 @@ bool PhysicsRegionResolver::Resolving::lookUp(const Region& region, std::vector<
         }
         continue;
       }
-      if (place.kind == order.front().kind) {
-        ids.push_back(place.id);
-      } else if (place.kind == PlaceKind::composite) {
-        addMembers(place.id, region.kind, ids);
-      } else {
+      if (isMisplaced(place, order)) {
         const std::string found = wordOf(place.kind);
         displayLine("Unexpectedly found a " + found + " '" + std::to_string(place.id) +
                     "' in the location of a " + wordOf(region.kind) + ".");
         return false;
+      }
+      if (place.kind == PlaceKind::composite) {
+        addMembers(place.id, region.kind, ids);
+      } else {
+        ids.push_back(place.id);
       }
       break;  // The first part that knows the name has the word.
     }

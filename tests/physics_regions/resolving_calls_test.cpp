@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What a resolving asks of provider and model, in order, and what becomes of one in which they
-// throw.
+// What a resolving asks of provider and model, in order.
 
 #include <gtest/gtest.h>
-#include <stdexcept>
 #include <string>
 
 #include "embedded/memory/CaseBuilder.h"
@@ -133,102 +131,6 @@ TEST(ResolvingCalls, EndWithThePartsIfThereAreNone) {
   EXPECT_EQ(callsOfResolving(empty),
             Transcript({"getLocationModel()", "getZoneCount(3)", "getParts()"}));
 }
-
-// --- Exceptions ---------------------------------------------------------------------------------
-
-struct ExceptionRow {
-  std::string name;
-  std::string call;
-  int nth = 1;
-  /// Before anything of the earlier result is given up.
-  bool keeps = false;
-
-  friend std::ostream& operator<<(std::ostream& out, const ExceptionRow& row) {
-    return out << row.name;
-  }
-};
-
-const char* const kResolved =
-    "0 domain water at 'channel': bodies [2], cell zones [7] [], bulk zones [2], zone sides [4]\n"
-    "1 boundary walls at 'hull': face uses [4], zone sides [4]\n"
-    "ids: walls 1, water 0\n"
-    "domains: 1 -> 0\n";
-const char* const kCleared =
-    "0 domain water at 'channel'\n"
-    "1 boundary walls at 'hull'\n"
-    "ids: walls 1, water 0\n";
-
-class ResolvingThatThrows : public ::testing::TestWithParam<ExceptionRow> {
- protected:
-  void expectAllOrNothing() {
-    EXPECT_EQ(run_.table(), GetParam().keeps ? kResolved : kCleared);
-    EXPECT_EQ(run_.errors(), Texts());
-    EXPECT_TRUE(run_.resolve());
-    EXPECT_EQ(run_.table(), kResolved);
-    EXPECT_EQ(run_.err, "");
-  }
-
-  ResolverRun run_{R"(
-    domains/water/location = channel
-    boundaries/walls/location = hull
-    boundaries/walls/domain = water
-  )",
-                   R"(
-    part assembly
-      body channel: 7 2
-      use hull of channel: 4
-  )"};
-};
-
-class ProviderThatThrows : public ResolvingThatThrows {};
-
-TEST_P(ProviderThatThrows, LeavesAllOrNothing) {
-  EXPECT_TRUE(run_.resolve());
-  run_.provider->on(GetParam().call, GetParam().nth,
-                    [](base::CaseCore&) { throw std::runtime_error("disk gone"); });
-  EXPECT_THROW(run_.resolve(), std::runtime_error);
-  expectAllOrNothing();
-}
-
-const ExceptionRow kProvider[] = {
-    {"AskedForItsModel", "getLocationModel", 1, true},
-    {"AskedForTheCountOfZones", "getZoneCount", 1, true},
-    {"AskedForItsCellZones", "getZoneIds"},
-    {"OpeningTheCellNodes", "beginCellNodes"},
-    {"ClosingTheCellNodes", "endCellNodes"},
-    {"AskedForTheMeshIdOfABody", "getMeshId", 1},
-    {"AskedForTheMeshIdOfAFaceUse", "getMeshId", 2},
-    {"AskedForTheMeshIdOfABoundary", "getMeshId", 3},
-    {"AskedForTheNameOfAZone", "getZoneStringInfo"},
-};
-
-INSTANTIATE_TEST_SUITE_P(PhysicsRegions, ProviderThatThrows, ::testing::ValuesIn(kProvider),
-                         nameOf<ExceptionRow>);
-
-class ModelThatThrows : public ResolvingThatThrows {};
-
-TEST_P(ModelThatThrows, LeavesAllOrNothing) {
-  EXPECT_TRUE(run_.resolve());
-  {
-    LocationModelScript script;
-    script.breakDown(GetParam().call, GetParam().nth);
-    EXPECT_THROW(run_.resolver->resolveUsing(run_.provider.get()), std::runtime_error);
-  }
-  expectAllOrNothing();
-}
-
-const ExceptionRow kModel[] = {
-    {"AskedForItsParts", "getParts", 1, true},
-    {"AskedForABody", "findBody"},
-    {"AskedForTheZonesOfABody", "getBodyZones"},
-    {"AskedForTheBoundaryOfABody", "getBodyBoundary"},
-    {"AskedForTheSidesOfABody", "getFaceUseZoneSides", 1},
-    {"AskedForAFaceUse", "findFaceUse"},
-    {"AskedForTheSidesOfABoundary", "getFaceUseZoneSides", 2},
-};
-
-INSTANTIATE_TEST_SUITE_P(PhysicsRegions, ModelThatThrows, ::testing::ValuesIn(kModel),
-                         nameOf<ExceptionRow>);
 
 }  // namespace
 }  // namespace velto::testing

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What a resolving leaves behind: after success, after each way to fail, and when it is repeated.
+// What a resolving leaves behind: after success, after each way to fail, when it is repeated, and
+// when provider or model throw.
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -348,6 +349,83 @@ TEST(ResolvingOnAMesh, AsksWhichOneAtEachUse) {
       "ids: walls 1, water 0\n"
       "domains: 1 -> 0\n");
 }
+
+// --- Exceptions ---------------------------------------------------------------------------------
+
+struct ExceptionRow {
+  std::string name;
+  std::string call;
+  int nth = 1;
+  /// Before anything of the earlier result is given up.
+  bool keeps = false;
+
+  friend std::ostream& operator<<(std::ostream& out, const ExceptionRow& row) {
+    return out << row.name;
+  }
+};
+
+class ResolvingThatThrows : public ::testing::TestWithParam<ExceptionRow> {
+ protected:
+  void expectAllOrNothing() {
+    EXPECT_EQ(run_.table(), GetParam().keeps ? kResolved : kCleared);
+    EXPECT_EQ(run_.errors(), Texts());
+    EXPECT_TRUE(run_.resolve());
+    EXPECT_EQ(run_.table(), kResolved);
+    EXPECT_EQ(run_.err, "");
+  }
+
+  ResolverRun run_{kSettings, kModel};
+};
+
+class ProviderThatThrows : public ResolvingThatThrows {};
+
+TEST_P(ProviderThatThrows, LeavesAllOrNothing) {
+  EXPECT_TRUE(run_.resolve());
+  run_.provider->on(GetParam().call, GetParam().nth,
+                    [](base::CaseCore&) { throw std::runtime_error("disk gone"); });
+  EXPECT_THROW(run_.resolve(), std::runtime_error);
+  expectAllOrNothing();
+}
+
+const ExceptionRow kProviderCalls[] = {
+    {"AskedForItsModel", "getLocationModel", 1, true},
+    {"AskedForTheCountOfZones", "getZoneCount", 1, true},
+    {"AskedForItsCellZones", "getZoneIds"},
+    {"OpeningTheCellNodes", "beginCellNodes"},
+    {"ClosingTheCellNodes", "endCellNodes"},
+    {"AskedForTheMeshIdOfABody", "getMeshId", 1},
+    {"AskedForTheMeshIdOfAFaceUse", "getMeshId", 2},
+    {"AskedForTheMeshIdOfABoundary", "getMeshId", 3},
+    {"AskedForTheNameOfAZone", "getZoneStringInfo"},
+};
+
+INSTANTIATE_TEST_SUITE_P(PhysicsRegions, ProviderThatThrows, ::testing::ValuesIn(kProviderCalls),
+                         nameOf<ExceptionRow>);
+
+class ModelThatThrows : public ResolvingThatThrows {};
+
+TEST_P(ModelThatThrows, LeavesAllOrNothing) {
+  EXPECT_TRUE(run_.resolve());
+  {
+    LocationModelScript script;
+    script.breakDown(GetParam().call, GetParam().nth);
+    EXPECT_THROW(run_.resolver->resolveUsing(run_.provider.get()), std::runtime_error);
+  }
+  expectAllOrNothing();
+}
+
+const ExceptionRow kModelCalls[] = {
+    {"AskedForItsParts", "getParts", 1, true},
+    {"AskedForABody", "findBody"},
+    {"AskedForTheZonesOfABody", "getBodyZones"},
+    {"AskedForTheBoundaryOfABody", "getBodyBoundary"},
+    {"AskedForTheSidesOfABody", "getFaceUseZoneSides", 1},
+    {"AskedForAFaceUse", "findFaceUse"},
+    {"AskedForTheSidesOfABoundary", "getFaceUseZoneSides", 2},
+};
+
+INSTANTIATE_TEST_SUITE_P(PhysicsRegions, ModelThatThrows, ::testing::ValuesIn(kModelCalls),
+                         nameOf<ExceptionRow>);
 
 }  // namespace
 }  // namespace velto::testing
