@@ -64,6 +64,21 @@ inline constexpr CountedReadFamily kCellFaces = {
 inline constexpr ReadFamily kFaceCell0 = {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0};
 inline constexpr ReadFamily kFaceCell1 = {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1};
 
+/// The length of a zone's list where all its elements have `count` ids. Exact.
+inline std::int64_t uniformListLength(short count, std::uint64_t elementCount) {
+  return static_cast<std::int64_t>(static_cast<std::uint64_t>(count) * elementCount);
+}
+
+/// The length of a zone's list where each element has a count of its own.
+/// Kept: the sum is one of 32 bits, and wraps for a list of more than 2^31 - 1 ids.
+inline std::int64_t summedListLength(const short* counts, std::size_t n) {
+  std::uint32_t sum = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    sum += static_cast<std::uint32_t>(counts[i]);
+  }
+  return static_cast<std::int32_t>(sum);
+}
+
 /// The zones that carry a family, in the provider's order. Opens the family and closes it at once;
 /// REQUIRES: no family is open.
 inline std::vector<int> listZones(OrvProvider& provider, const ReadFamily& family) {

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Copying of the node mesh: coordinates of all node zones.
+
+#include <algorithm>
+#include <iostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "velto/OrvCopier.h"
+
+#include "copier/MappedZones.h"
+#include "copier/ZoneBuffer.h"
+#include "copier/movers.h"
+
+namespace velto {
+
+namespace {
+
+/// A line on standard error about a node zone, its id between quotes.
+void warnOfZone(const std::string& before, int zone, const std::string& behind) {
+  std::cerr << "Warning: " << before << " '" << zone << "'" << behind << std::endl;
+}
+
+/// Whether a zone's values fit its number of nodes; where the table has no dimension, one is found
+/// that does.
+void judgeDelivered(int zone, std::uint64_t count, std::uint64_t dimension,
+                    std::uint64_t delivered) {
+  if (dimension == 0) {
+    // Kept: integer division, so that a value or two too many are told by the last warning.
+    if (delivered / 3 == count) {
+      dimension = 3;
+    } else if (delivered / 2 == count) {
+      dimension = 2;
+    } else {
+      warnOfZone("Unable to read coordinates for node zone", zone, "");
+      return;
+    }
+    warnOfZone("Assuming zone", zone, " has dimension " + std::to_string(dimension));
+  }
+  if (dimension * count != delivered) {
+    warnOfZone("Inconsistent size for node zone", zone, "");
+  }
+}
+
+void copyCoordinatesOfZone(OrvProvider& provider, OrvConsumer& consumer, int from, int to) {
+  const std::uint64_t count = elementCountOf(provider, from);
+  std::uint64_t dimension = 0;
+  provider.getZoneSizeInfo(from, zoneDimension, dimension);
+  ZoneBuffer<double> values(count * (dimension == 0 ? 3 : dimension));
+  const std::size_t delivered = provider.readNodeCoordinates(from, values.data(), values.size());
+  judgeDelivered(from, count, dimension, delivered);
+  // Harmless: a claim of more values than there was room for is not followed.
+  consumer.writeNodeCoordinates(to, values.data(), std::min(delivered, values.size()));
+}
+
+}  // namespace
+
+void OrvCopier::copyNodeCoordinates() {
+  std::vector<int> listed;
+  source->beginNodeCoordinates(listed);
+  if (!listed.empty()) {
+    std::vector<int> nodeZones;
+    source->getZoneIds(zoneCategoryNode, nodeZones);
+    const MappedZones carried(listed, zoneMap);
+    const std::set<int> withCoordinates(carried.source.begin(), carried.source.end());
+
+    destination->beginNodes(nodeZones);
+    copyElemIds(zoneCategoryNode);
+    destination->beginNodeCoordinates(nodeZones);
+    for (const int zone : nodeZones) {
+      const auto mapped = zoneMap.find(zone);
+      if (mapped == zoneMap.end()) {
+        continue;  // it has no id in the destination, and no values
+      }
+      if (withCoordinates.count(zone) != 0) {
+        copyCoordinatesOfZone(*source, *destination, zone, mapped->second);
+      } else {
+        destination->writeNodeCoordinates(mapped->second, nullptr, 0);
+      }
+    }
+    destination->endNodeCoordinates();
+    destination->endNodes();
+  }
+  source->endNodeCoordinates();
+}
+
+}  // namespace velto

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The movers of a copy: each carries one kind of data, zone by zone, for the zones of a map.
+
+#ifndef VELTO_COPIER_MOVERS_H
+#define VELTO_COPIER_MOVERS_H
+
+#include <cstdint>
+#include <map>
+
+#include "data_access/OrvConsumer.h"
+#include "data_access/OrvProvider.h"
+
+namespace velto {
+
+/// Source zone id to destination zone id, over the zones of all categories.
+using ZoneMap = std::map<int, int>;
+
+// --- copy_tables.cpp: the tables of a mesh and of its zones -------------------------------------
+
+void copyMeshSize(OrvProvider* provider, OrvConsumer* consumer);
+void copyMeshUnits(OrvProvider* provider, OrvConsumer* consumer);
+
+/// Carries the tables of all zones, which enter the map under their own ids.
+void copyZoneTopology(OrvProvider* provider, OrvConsumer* consumer, ZoneMap& zoneMap);
+
+/// The zoneElementCount of a source zone, 0 if there is none.
+std::uint64_t elementCountOf(OrvProvider& provider, int zone);
+
+// --- copy_connectivity.cpp: what cells and faces are made of ------------------------------------
+
+void copyCellNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+void copyCellTypes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+void copyCellPartitions(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+void copyFaceNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+
+/// The cells on side 0 of the faces, then those on side 1.
+void copyFaceParents(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+
+}  // namespace velto
+
+#endif  // VELTO_COPIER_MOVERS_H
