@@ -9,6 +9,7 @@
 #include "embedded/memory/MemoryConsumer.h"
 #include "embedded/store/StoreConsumer.h"
 #include "embedded/store/StoreProvider.h"
+#include "embedded/store/file_names.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
 
@@ -30,9 +31,16 @@ const std::vector<Format>& formats() {
       {fileFormatOpenFoam, "openfoam", "OpenFOAM polyMesh",
        "a folder constant/polyMesh, a file in it, or a case folder", "mesh, zones, partitions", "",
        openfoam::holdsMesh, make<openfoam::OpenFoamProvider, OrvFileProvider>, nullptr},
-      {fileFormatStore, "store", "the case store of this library, on HDF5",
-       ".orv for a case, .orvr for results", "everything", "everything", store::isStore,
-       make<store::StoreProvider, OrvFileProvider>, make<store::StoreConsumer, OrvFileConsumer>},
+      {fileFormatStore,
+       "store",
+       "the case store of this library, on HDF5",
+       ".orv for a case, .orvr for results",
+       "everything",
+       "everything",
+       store::isStore,
+       make<store::StoreProvider, OrvFileProvider>,
+       make<store::StoreConsumer, OrvFileConsumer>,
+       {store::kCaseEnding, {}, "", true}},
       {fileFormatMemory, "memory", "a case in memory, for programs", "none", "", "everything",
        nullptr, nullptr, make<memory::MemoryConsumer, OrvFileConsumer>},
   };

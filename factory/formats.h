@@ -13,6 +13,20 @@
 
 namespace velto::factory {
 
+/// A part of a case that a format may have no place for.
+enum class Content { postTargets, faces, locationModel, settings, results };
+
+/// What becomes of a case that is written in a format.
+struct WrittenForm {
+  /// What the name of a file to write ends in, "" for a folder; null if nothing reaches the disk.
+  const char* ending = nullptr;
+  std::vector<Content> lacks;
+  /// Where settings are lacked, those below this path are kept; "" for none.
+  const char* ownSettings = "";
+  /// Whether elements and zones keep their order and ids.
+  bool keepsIds = false;
+};
+
 /// A format: what it is called, what it can do, and how its providers and consumers are made.
 struct Format {
   OrvFileFormatType type;
@@ -25,6 +39,7 @@ struct Format {
   bool (*recognises)(const std::string& fileName);
   OrvFileProvider* (*makeProvider)();  ///< Null if nothing is read.
   OrvFileConsumer* (*makeConsumer)();  ///< Null if nothing is written.
+  WrittenForm written = {};
 };
 
 /// All formats, in the order in which they are tried on a file.

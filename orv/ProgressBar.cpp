@@ -23,7 +23,7 @@ ProgressBar::ProgressBar(bool wanted) : visible_(wanted && isatty(STDERR_FILENO)
 ProgressBar::~ProgressBar() { wipe(); }
 
 void ProgressBar::onProgress(const std::string& what, std::uint64_t done, std::uint64_t total) {
-  if (!visible_) {
+  if (!visible_ || total == 0) {
     return;
   }
   const Clock::time_point now = Clock::now();

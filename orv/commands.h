@@ -52,6 +52,41 @@ struct RegionsOptions {
   bool json = false;
 };
 
+struct CopyOptions {
+  std::string source;
+  std::string destination;
+  std::string format;         ///< "" for the one that the name of the destination tells.
+  std::string solverFormat;   ///< "" for that of the source.
+  std::string sourceResults;  ///< The results of the source; "" for those beside it.
+  unsigned compression = 0;
+  bool text = false;
+  int mesh = 0;  ///< 0 for the only one.
+  std::string target;
+  int partition = -1;
+
+  bool meshSize = true;
+  bool units = true;
+  bool zones = true;
+  bool nodes = true;
+  bool cells = true;
+  bool cellNodes = true;
+  bool cellTypes = true;
+  bool cellPartitions = true;
+  bool faces = true;
+  bool faceNodes = true;
+  bool faceCells = true;
+  bool locationModel = true;
+  bool settings = true;
+  bool results = true;
+
+  bool dryRun = false;
+  bool verify = false;
+  bool force = false;
+  bool keepGoing = false;
+  bool verbose = false;
+  bool json = false;
+};
+
 struct FormatsOptions {
   bool json = false;
 };
@@ -70,6 +105,7 @@ int runCheck(const CheckOptions& options);
 int runInfo(const InfoOptions& options);
 int runModel(const ModelOptions& options);
 int runRegions(const RegionsOptions& options);
+int runCopy(const CopyOptions& options);
 int runFormats(const FormatsOptions& options);
 int runSample(const SampleOptions& options);
 

@@ -2,7 +2,6 @@
 //
 // orv info: shows the tables of a case.
 
-#include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -181,22 +180,6 @@ nlohmann::ordered_json caseJson(const CaseSummary& summary) {
           {"meshes", meshes},
           {"phases", summary.phases},
           {"settings", settings}};
-}
-
-/// The results that lie beside a case file, under its name with an "r" behind it; "" for none.
-std::string resultsBeside(const std::string& file) {
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(file + "r", ignored) ? file + "r" : "";
-}
-
-/// Opens the results beside a case, if there are any; false after saying why they cannot be read.
-bool openResults(const std::string& file, OrvFileProvider& provider) {
-  if (file.empty()) {
-    return true;
-  }
-  const bool opened = provider.startReading(file, dataClassResults);
-  printMessages(provider, file);
-  return opened;
 }
 
 }  // namespace

@@ -120,6 +120,69 @@ void addRegions(CLI::App& app, RegionsOptions& options) {
       std::string(kFooter));
 }
 
+/// A switch with an opposite: "--name" and "--no-name".
+void addSwitch(CLI::App* command, const std::string& name, bool& value, const std::string& what) {
+  command->add_flag("--" + name + ",!--no-" + name, value, what)->group("What is copied");
+}
+
+void addCopy(CLI::App& app, CopyOptions& options) {
+  CLI::App* copy = app.add_subcommand("copy", "Carry a case into another file or format");
+  copy->add_option("SOURCE", options.source, "A case file or folder")->required();
+  copy->add_option("DESTINATION", options.destination, "The file or folder to write")->required();
+  copy->add_option("--to", options.format,
+                   "The format to write (default: as the name of DESTINATION tells)");
+  copy->add_option("--solver-format", options.solverFormat,
+                   "The solver type to write, which settings stand below (default: as in SOURCE)");
+  copy->add_option("-c,--compression", options.compression, "0 none, 1 fast, 9 small")
+      ->check(CLI::Range(0U, 9U))
+      ->capture_default_str();
+  copy->add_flag("--text", options.text, "Write text where the format has a form in text");
+  copy->add_option("-m,--mesh", options.mesh,
+                   "Copy the mesh with this id; needed if there are several")
+      ->check(CLI::PositiveNumber);
+  copy->add_option("-t,--target", options.target, "Copy only this target: restart, post or ppost")
+      ->check(CLI::IsMember({"restart", "post", "ppost"}));
+  copy->add_option("-p,--partition", options.partition, "Copy only this partition")
+      ->check(CLI::NonNegativeNumber);
+  copy->add_option("--results", options.sourceResults,
+                   "Copy the results in this file (default: those beside SOURCE)");
+  copy->add_flag("!--no-results", options.results, "Copy no results");
+  addSwitch(copy, "mesh-size", options.meshSize, "Sizes of the mesh");
+  addSwitch(copy, "units", options.units, "Units of the mesh");
+  addSwitch(copy, "zones", options.zones, "Tables of zones; without them no zone is copied");
+  addSwitch(copy, "nodes", options.nodes, "Coordinates of nodes");
+  addSwitch(copy, "cells", options.cells, "Cells at all");
+  addSwitch(copy, "cell-nodes", options.cellNodes, "Nodes of cells");
+  addSwitch(copy, "cell-types", options.cellTypes, "Types of cells");
+  addSwitch(copy, "cell-partitions", options.cellPartitions, "Partitions of cells");
+  addSwitch(copy, "faces", options.faces, "Faces at all");
+  addSwitch(copy, "face-nodes", options.faceNodes, "Nodes of faces");
+  addSwitch(copy, "face-cells", options.faceCells, "Cells on both sides of faces");
+  addSwitch(copy, "location-model", options.locationModel,
+            "Location model; one is built if there is none");
+  addSwitch(copy, "settings", options.settings, "Settings");
+  copy->add_flag("-n,--dry-run", options.dryRun,
+                 "Write nothing; say what would be copied, and what would be lost");
+  copy->add_flag("--verify", options.verify, "Read the copy back and compare it array by array");
+  copy->add_flag("-f,--force", options.force, "Replace what is there");
+  copy->add_flag("--keep-going", options.keepGoing, "Copy what can be read of a damaged case");
+  copy->add_flag("-v,--verbose", options.verbose, "Print each step");
+  copy->add_flag("--json", options.json, "Print one JSON document instead of text")
+      ->excludes("--verbose");
+  copy->footer(
+      "A copy carries one mesh, with all its targets and partitions, into mesh 1 of DESTINATION. The file\n"
+      "is written beside its final name and takes that name when it is whole. Results go beside a case\n"
+      "file, into DESTINATION with an \"r\" behind it. The name tells the format: x.orv is the case store,\n"
+      "x.vtu a VTK grid, a folder with a slash behind it an OpenFOAM case.\n\n"
+      "Examples:\n"
+      "  orv copy constant/polyMesh duct.orv        an OpenFOAM mesh into the case store\n"
+      "  orv copy duct.orv small.orv -c 9 --verify  packed, and compared with its source\n"
+      "  orv copy duct.orv duct.vtu                 for ParaView\n"
+      "  orv copy duct.orv case/ --text             an OpenFOAM mesh in text, in case/constant/polyMesh\n"
+      "  orv copy duct.orv other.orv --dry-run      what a copy carries, and what is lost\n\n" +
+      std::string(kFooter));
+}
+
 void addFormats(CLI::App& app, FormatsOptions& options) {
   CLI::App* formats =
       app.add_subcommand("formats", "List the formats that can be read and written");
@@ -166,12 +229,14 @@ int run(int argc, char** argv) {
   InfoOptions info;
   ModelOptions model;
   RegionsOptions regions;
+  CopyOptions copy;
   FormatsOptions formats;
   SampleOptions sample;
   addCheck(app, check);
   addInfo(app, info);
   addModel(app, model);
   addRegions(app, regions);
+  addCopy(app, copy);
   addFormats(app, formats);
   addSample(app, sample);
   try {
@@ -190,6 +255,9 @@ int run(int argc, char** argv) {
   }
   if (app.got_subcommand("regions")) {
     return runRegions(regions);
+  }
+  if (app.got_subcommand("copy")) {
+    return runCopy(copy);
   }
   return app.got_subcommand("sample") ? runSample(sample) : runFormats(formats);
 }

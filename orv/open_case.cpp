@@ -11,6 +11,7 @@
 
 #include "data_access/OrvFactory.h"
 
+#include "factory/file_names.h"
 #include "orv/hints.h"
 
 namespace velto::orv {
@@ -32,17 +33,32 @@ ProviderOwner openCase(const std::string& file) {
   return opened ? std::move(provider) : nullptr;
 }
 
-void printMessages(OrvFileProvider& provider, const std::string& file) {
+std::string resultsBeside(const std::string& file) {
+  std::error_code ignored;
+  const std::string beside = factory::resultsFileOf(file);
+  return std::filesystem::is_regular_file(beside, ignored) ? beside : "";
+}
+
+bool openResults(const std::string& file, OrvFileProvider& provider) {
+  if (file.empty()) {
+    return true;
+  }
+  const bool opened = provider.startReading(file, dataClassResults);
+  printMessages(provider, file);
+  return opened;
+}
+
+void printMessages(OrvBase& side, const std::string& file) {
   const auto print = [&file](const char* kind, const std::string& text) {
     const std::size_t tab = text.find("\n\t");
     const std::string words = tab == std::string::npos ? text : text.substr(tab + 2);
     const bool namesFile = words.compare(0, file.size() + 1, file + ":") == 0;
     std::cerr << kind << ": " << (namesFile ? "" : file + ": ") << words << std::endl;
   };
-  for (const std::string& text : provider.getWarnings(true, true)) {
+  for (const std::string& text : side.getWarnings(true, true)) {
     print("Warning", text);
   }
-  for (const std::string& text : provider.getErrors(true, true)) {
+  for (const std::string& text : side.getErrors(true, true)) {
     print("Error", text);
   }
 }

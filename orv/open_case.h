@@ -8,22 +8,30 @@
 #include <memory>
 #include <string>
 
+#include "data_access/OrvFileConsumer.h"
 #include "data_access/OrvFileProvider.h"
 
 namespace velto::orv {
 
-/// A provider is deleted through its OrvFileIO part.
+/// A provider or consumer is deleted through its OrvFileIO part.
 struct DeleteThroughFileIO {
-  void operator()(OrvFileProvider* provider) const { delete static_cast<OrvFileIO*>(provider); }
+  void operator()(OrvFileIO* side) const { delete side; }
 };
 using ProviderOwner = std::unique_ptr<OrvFileProvider, DeleteThroughFileIO>;
+using ConsumerOwner = std::unique_ptr<OrvFileConsumer, DeleteThroughFileIO>;
 
 /// The open case, or null after saying why not.
 ProviderOwner openCase(const std::string& file);
 
+/// The results that lie beside a case file, "" for none.
+std::string resultsBeside(const std::string& file);
+
+/// Opens the results of a case, if `file` names any; false after saying why they cannot be read.
+bool openResults(const std::string& file, OrvFileProvider& provider);
+
 /// Prints the waiting messages on standard error, without their prefixes, each behind the name of
 /// the file.
-void printMessages(OrvFileProvider& provider, const std::string& file);
+void printMessages(OrvBase& side, const std::string& file);
 
 }  // namespace velto::orv
 

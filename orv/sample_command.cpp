@@ -14,6 +14,7 @@
 #include "orv/commands.h"
 #include "orv/json_report.h"
 #include "orv/near_name.h"
+#include "orv/words.h"
 #include "samples/defects.h"
 #include "samples/samples.h"
 #include "samples/save_sample.h"
@@ -80,23 +81,6 @@ ExitStatus refuseName(const std::string& kind, const std::string& name,
                       const std::vector<std::string>& names) {
   return refuse(fmt::format("no {} is named {}; {}`orv sample --list` lists all", kind, name,
                             guessWords(name, names)));
-}
-
-/// Bytes for people: "812 bytes", "1.2 MB".
-std::string sizeText(std::uintmax_t bytes) {
-  if (bytes < 1000) {
-    return fmt::format("{} bytes", bytes);
-  }
-  auto size = static_cast<double>(bytes);
-  const char* unit = "";
-  for (const char* next : {"kB", "MB", "GB", "TB"}) {
-    if (size < 999.95) {
-      break;
-    }
-    size /= 1000;
-    unit = next;
-  }
-  return fmt::format("{:.1f} {}", size, unit);
 }
 
 int write(const samples::Sample& sample, const std::string& file, const SampleOptions& options) {

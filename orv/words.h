@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <fmt/format.h>
 #include <iterator>
 #include <string>
@@ -30,9 +31,40 @@ inline const char* targetWord(int target) {
   }
 }
 
+/// The word for a target on a command line, "" for an unknown one.
+inline const char* targetOption(int target) {
+  switch (target) {
+    case targetRestart:
+      return "restart";
+    case targetPost:
+      return "post";
+    case targetPartitionedPost:
+      return "ppost";
+    default:
+      return "";
+  }
+}
+
 /// "5 faces", "1 body".
 inline std::string counted(std::size_t count, std::string_view one, std::string_view more) {
   return fmt::format("{} {}", count, count == 1 ? one : more);
+}
+
+/// Bytes for people: "812 bytes", "1.2 MB".
+inline std::string sizeText(std::uint64_t bytes) {
+  if (bytes < 1000) {
+    return fmt::format("{} bytes", bytes);
+  }
+  auto size = static_cast<double>(bytes);
+  const char* unit = "";
+  for (const char* next : {"kB", "MB", "GB", "TB"}) {
+    if (size < 999.95) {
+      break;
+    }
+    size /= 1000;
+    unit = next;
+  }
+  return fmt::format("{:.1f} {}", size, unit);
 }
 
 /// The longest list that a table shows whole; --json gives them all.

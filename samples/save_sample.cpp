@@ -17,7 +17,7 @@ bool isCaseFile(const std::string& file) {
 std::vector<std::string> filesOf(const Sample& sample, const std::string& file) {
   std::vector<std::string> files = {file};
   if (!sample.tables.phases.empty()) {
-    files.push_back(file + "r");
+    files.push_back(store::resultsFileOf(file));
   }
   return files;
 }

@@ -8,13 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "embedded/store/file_names.h"
 #include "samples/samples.h"
 
 namespace velto::samples {
 
-/// What the name of a case file ends in. Its results stand beside it, under the same name with an
-/// "r" behind it.
-inline constexpr const char* kCaseEnding = ".orv";
+using store::kCaseEnding;
 
 /// Whether a file may be given to saveSample(): something, and the ending behind it.
 bool isCaseFile(const std::string& file);

@@ -6,11 +6,13 @@
 #include "embedded/base/CaseConsumer.h"
 
 #include "embedded/base/OrvBaseState.h"
+#include "embedded/base/Progress.h"
 
 namespace velto::base {
 
 void CaseConsumer::onSink(const std::string& what,
                           const std::function<void(MeshArraySink&)>& operation) {
+  reportCheckpoint();
   if (!failed_) {
     failed_ = !guarded(*this, what, [&] { operation(sink(coreOf(*this).selection)); });
   }
@@ -49,6 +51,7 @@ void CaseConsumer::endWriting(OrvDataClass dataClass) {
       deriveBoundingFaceZones(mesh.second);
     }
   }
+  reportCheckpoint();
   if (!failed_ && guarded(*this, "end of writing", [&] { finish(dataClass); })) {
     return;
   }

@@ -21,4 +21,10 @@ void reportProgress(const std::string& what, std::uint64_t done, std::uint64_t t
   }
 }
 
+void reportCheckpoint() {
+  if (current != nullptr) {
+    current->onCheckpoint();
+  }
+}
+
 }  // namespace velto::base

@@ -20,15 +20,22 @@ class ProgressListener {
   ProgressListener& operator=(const ProgressListener&) = delete;
   virtual ~ProgressListener();
 
-  /// `what` is under way and has come to `done` of `total` (bytes or elements).
+  /// `what` is under way and has come to `done` of `total` bytes; a total of 0 is not known.
   virtual void onProgress(const std::string& what, std::uint64_t done, std::uint64_t total) = 0;
+
+  /// Writing has come to a place where it can be stopped: before each array, and before a file gets
+  /// its final name. A listener stops it, here or in onProgress, by throwing an object of a type of
+  /// its own that is no std::exception: the object passes through the library, and what was being
+  /// written is dropped with its consumer.
+  virtual void onCheckpoint() {}
 
  private:
   ProgressListener* before_;
 };
 
-/// Tells the listener of this thread, if there is one. Cheap without one.
+/// Tell the listener of this thread, if there is one. Cheap without one.
 void reportProgress(const std::string& what, std::uint64_t done, std::uint64_t total);
+void reportCheckpoint();
 
 }  // namespace velto::base
 

@@ -186,9 +186,7 @@ class PackedWriter : public RowWriter {
 
 void WriteProgress::add(std::uint64_t bytes) {
   done += bytes;
-  if (expected > 0) {
-    base::reportProgress(what, done, expected);
-  }
+  base::reportProgress(what, done, expected);
 }
 
 RowRun RowWriter::append(const void* values, std::uint64_t rows) {

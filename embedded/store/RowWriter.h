@@ -28,7 +28,7 @@ struct RowRun {
 struct WriteProgress {
   std::string what;            ///< "writing case.orv"
   std::uint64_t done = 0;      ///< Bytes.
-  std::uint64_t expected = 0;  ///< 0 if nobody knows: then nothing is reported.
+  std::uint64_t expected = 0;  ///< 0 if nobody knows.
 
   void add(std::uint64_t bytes);
 };

@@ -2,14 +2,14 @@
 //
 // modelText: part by part, kind by kind.
 
-#include "testing/model_text.h"
+#include "embedded/base/model_text.h"
 
 #include <sstream>
 #include <vector>
 
-#include "testing/call_text.h"
+#include "embedded/base/call_text.h"
 
-namespace velto::testing {
+namespace velto::base {
 
 namespace {
 
@@ -56,10 +56,10 @@ class ModelWriter {
     out_ << "  body " << body << " " << name(body, &OrvLocationModel::getBodyName) << ": ";
     Ids zones;
     const bool hasZones = model_.getBodyZones(body, meshId_, zones);
-    out_ << (hasZones ? "zones " + base::argumentText(zones) : "no zones") << ", boundary ";
+    out_ << (hasZones ? "zones " + argumentText(zones) : "no zones") << ", boundary ";
     Ids boundary;
     const bool hasBoundary = model_.getBodyBoundary(body, boundary);
-    out_ << (hasBoundary ? base::argumentText(boundary) : "?") << "\n";
+    out_ << (hasBoundary ? argumentText(boundary) : "?") << "\n";
   }
 
   void writeFace(int face) {
@@ -78,7 +78,7 @@ class ModelWriter {
          << name(use, &OrvLocationModel::getFaceUseRelativeName) << ": ";
     Ids sides;
     const bool hasSides = model_.getFaceUseZoneSides(use, meshId_, sides);
-    out_ << (hasSides ? "zone sides " + base::argumentText(sides) : "no zone sides") << "\n";
+    out_ << (hasSides ? "zone sides " + argumentText(sides) : "no zone sides") << "\n";
   }
 
   void writeComposite(int composite) {
@@ -88,8 +88,8 @@ class ModelWriter {
     Ids faces;
     Ids uses;
     if (model_.resolveComposite(composite, bodies, faces, uses)) {
-      out_ << "bodies " << base::argumentText(bodies) << ", faces " << base::argumentText(faces)
-           << ", uses " << base::argumentText(uses) << "\n";
+      out_ << "bodies " << argumentText(bodies) << ", faces " << base::argumentText(faces)
+           << ", uses " << argumentText(uses) << "\n";
     } else {
       out_ << "?\n";
     }
@@ -106,4 +106,4 @@ std::string modelText(const OrvLocationModel& model, int meshId) {
   return ModelWriter(model, meshId).text();
 }
 
-}  // namespace velto::testing
+}  // namespace velto::base

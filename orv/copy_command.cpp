@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// orv copy: carries a case into another file and format.
+
+#include <filesystem>
+#include <fmt/format.h>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "velto/OrvCopier.h"
+
+#include "data_access/OrvFactory.h"
+
+#include "factory/file_names.h"
+#include "orv/CaseComparison.h"
+#include "orv/CaseSummary.h"
+#include "orv/CopyPlan.h"
+#include "orv/CopyWatch.h"
+#include "orv/ProgressBar.h"
+#include "orv/commands.h"
+#include "orv/copy_files.h"
+#include "orv/copy_report.h"
+#include "orv/open_case.h"
+
+namespace velto::orv {
+
+namespace {
+
+// --- The copy -----------------------------------------------------------------------------------
+
+/// A copy under way: the case first, then its results.
+class Copying {
+ public:
+  Copying(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& plan,
+          const CopyOptions& options)
+      : source_(source),
+        files_(files),
+        plan_(plan),
+        options_(options),
+        destination_(getDataConsumer(files.format->type)) {
+    destination_->setFileName(files.destination, dataClassCase);
+    destination_->setFileName(files.destinationResults, dataClassResults);
+  }
+
+  /// False, and said why on standard error, if not all of it is where it should be.
+  bool run() {
+    return carry("nothing was written", [this] { carryCase(); }) &&
+           (plan_.results.variables == 0 ||
+            carry("the case was written, its results were not", [this] { carryResults(); }));
+  }
+
+ private:
+  OrvCopier makeCopier(const PlannedMesh& mesh) {
+    OrvCopier copier(std::string("orv ") + ORV_VERSION);
+    copier.setSource(&source_);
+    copier.setDestination(destination_.get());
+    copier.setDestinationSolverFormat(plan_.solverFormat);
+    copier.setCompression(options_.compression);
+    copier.setMode(options_.text);
+    copier.setVerbose(options_.verbose);
+    copier.copyMeshSizeToDestination(options_.meshSize);
+    copier.copyMeshUnitsToDestination(options_.units);
+    copier.copyZoneTopologyToDestination(options_.zones);
+    copier.copyNodeCoordinatesToDestination(options_.nodes);
+    copier.copyCellsToDestination(options_.cells, options_.cellNodes, options_.cellTypes);
+    copier.copyCellPartitionsToDestination(options_.cellPartitions);
+    copier.copyFacesToDestination(options_.faces, options_.faceNodes, options_.faceCells);
+    select(source_, mesh.inSource);
+    select(*destination_, mesh.inCopy);
+    return copier;
+  }
+
+  void carryCase() {
+    destination_->setCompression(options_.compression);
+    destination_->startWriting(dataClassCase);
+    bool isFirst = true;
+    for (const PlannedMesh& mesh : plan_.meshes) {
+      OrvCopier copier = makeCopier(mesh);
+      // Model and settings are those of the whole case.
+      copier.copyLocationModelToDestination(isFirst && plan_.model != CopyPlan::Model::none);
+      copier.copySettingsToDestination(isFirst && options_.settings);
+      copier.copyCase(false);
+      isFirst = false;
+    }
+    destination_->endWriting(dataClassCase);
+  }
+
+  void carryResults() { makeCopier(plan_.meshes[plan_.results.mesh]).copyResults(); }
+
+  template <class Step>
+  bool carry(const std::string& otherwise, const Step& step) {
+    bool isDone = false;
+    {
+      ProgressBar bar(!options_.verbose);
+      const CopyWatch watch(bar, source_, *destination_, plan_.bytes(), options_.keepGoing);
+      try {
+        step();
+        isDone = !destination_->hasError();
+      } catch (const CopyStopped&) {
+        isDone = false;
+      }
+    }
+    const bool sourceFailed = source_.hasError() && !options_.keepGoing;
+    printMessages(source_, files_.source);
+    printMessages(*destination_, files_.destination);
+    if (!isDone) {
+      destination_.reset();  // drops what is half written
+      std::cerr << "orv: " << files_.destination << ": "
+                << (InterruptWatch::isInterrupted() ? "interrupted; " : "") << otherwise
+                << (sourceFailed ? "; --keep-going copies what can be read" : "") << std::endl;
+    }
+    return isDone;
+  }
+
+  OrvFileProvider& source_;
+  const CopyFiles& files_;
+  const CopyPlan& plan_;
+  const CopyOptions& options_;
+  ConsumerOwner destination_;
+};
+
+// --- Verifying ----------------------------------------------------------------------------------
+
+/// Reads the copy back and compares what was to be copied.
+CaseComparison compared(OrvFileProvider& source, OrvFileProvider& copy, const CopyPlan& plan,
+                        const CopyOptions& options) {
+  CaseComparison comparison(source, copy);
+  comparison.onArray([] {
+    if (InterruptWatch::isInterrupted()) {
+      throw CopyStopped();
+    }
+  });
+  for (const PlannedMesh& mesh : plan.meshes) {
+    comparison.compareMesh(mesh.inSource, mesh.inCopy);
+  }
+  if (plan.results.variables != 0) {
+    const PlannedMesh& mesh = plan.meshes[plan.results.mesh];
+    comparison.compareResults(mesh.inSource, mesh.inCopy);
+  }
+  if (plan.model == CopyPlan::Model::carried) {
+    comparison.compareModel(plan.meshes.front().inSource.mesh);
+  }
+  if (options.settings) {
+    comparison.compareSettings();
+  }
+  return comparison;
+}
+
+/// Says on standard error in what the copy differs from its source; true if in nothing.
+bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& plan,
+            const CopyOptions& options) {
+  const ProviderOwner copy = openCase(files.destination);
+  const bool hasResults = plan.results.variables != 0;
+  if (!copy || !openResults(hasResults ? files.destinationResults : "", *copy)) {
+    return false;
+  }
+  try {
+    const CaseComparison comparison = compared(source, *copy, plan, options);
+    for (const std::string& difference : comparison.differences()) {
+      std::cerr << "orv: differs: " << difference << std::endl;
+    }
+    const std::size_t more = comparison.differenceCount() - comparison.differences().size();
+    if (more != 0) {
+      std::cerr << "orv: differs: and " << more << " more" << std::endl;
+    }
+    printMessages(source, files.source);
+    printMessages(*copy, files.destination);
+    return comparison.differenceCount() == 0 && !copy->hasError();
+  } catch (const CopyStopped&) {
+    std::cerr << "orv: " << files.destination << ": interrupted; written, and not verified"
+              << std::endl;
+    return false;
+  }
+}
+
+}  // namespace
+
+int runCopy(const CopyOptions& options) {
+  CopyFiles files = chooseFiles(options);
+  const ProviderOwner source = openCase(files.source);
+  if (!source || !openResults(files.sourceResults, *source)) {
+    return exitNotDone;
+  }
+  const CaseSummary summary = summarise(files.source, *source);
+  const CopyPlan plan = planCopy(*source, summary, options, *files.format);
+  CopyOutcome outcome;
+  if (!options.dryRun) {
+    const InterruptWatch watch;
+    outcome.isWritten = Copying(*source, files, plan, options).run();
+    outcome.isVerified =
+        outcome.isWritten && options.verify && verify(*source, files, plan, options);
+  }
+  options.json ? printCopyJson(files, plan, options, outcome)
+               : printCopyText(files, plan, options, outcome);
+  const bool isGood =
+      options.dryRun || (outcome.isWritten && (outcome.isVerified || !options.verify));
+  return isGood ? exitSound : exitNotDone;
+}
+
+}  // namespace velto::orv
