@@ -153,12 +153,13 @@ CopyPlan::Model plannedModel(const CaseSummary& summary, const CopyPlan& plan,
   if (summary.hasLocationModel) {
     return CopyPlan::Model::carried;
   }
-  // One that is built of a partition is wrong for the others.
-  const bool isWhole =
-      std::none_of(plan.meshes.begin(), plan.meshes.end(), [&plan](const PlannedMesh& mesh) {
-        return mesh.inSource.partition != plan.meshes.front().inSource.partition;
-      });
-  return isWhole && options.zones ? CopyPlan::Model::built : CopyPlan::Model::none;
+  // One that is built of a partition is wrong for the others; and viewers have no use for one.
+  const Selection& first = plan.meshes.front().inSource;
+  const bool isOne = std::all_of(
+      plan.meshes.begin(), plan.meshes.end(),
+      [&first](const PlannedMesh& mesh) { return mesh.inSource.partition == first.partition; });
+  return isOne && first.target == targetRestart && options.zones ? CopyPlan::Model::built
+                                                                 : CopyPlan::Model::none;
 }
 
 }  // namespace
@@ -208,7 +209,7 @@ CopyPlan planCopy(OrvFileProvider& source, const CaseSummary& summary, const Cop
   plan.solverFormat = !options.solverFormat.empty() ? options.solverFormat
                       : summary.solverType.empty()  ? "VELTO_GENERIC"
                                                     : summary.solverType;
-  plan.leftBehind = whatIsLeftBehind(source, summary, plan, options);
+  plan.leftBehind = whatIsLeftBehind(source, summary, plan, options, format);
   plan.noPlace = whatHasNoPlace(summary, options, format);
   return plan;
 }

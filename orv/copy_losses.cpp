@@ -67,8 +67,10 @@ class MeshLosses {
     add("the periodic property of face zones", withProperty);
   }
 
-  void addFamilies() {
-    add("the faces that cells list, of cell zones", listZones(source_, kCellFaces));
+  void addFamilies(bool derivesCellFaces) {
+    if (!derivesCellFaces || listZones(source_, kFaceCell0).empty()) {
+      add("the faces that cells list, of cell zones", listZones(source_, kCellFaces));
+    }
     std::vector<int> shadows;
     source_.beginFaceShadows(shadows);
     source_.endFaceShadows();
@@ -111,7 +113,8 @@ bool holds(const factory::Format& format, Content content) {
 }
 
 std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSummary& summary,
-                                          const CopyPlan& plan, const CopyOptions& options) {
+                                          const CopyPlan& plan, const CopyOptions& options,
+                                          const factory::Format& format) {
   std::vector<std::string> lines;
   for (const MeshSummary& mesh : summary.meshes) {
     const Selection at = {mesh.mesh, mesh.target, mesh.partition};
@@ -119,7 +122,7 @@ std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSum
       select(source, at);
       MeshLosses losses(source, placeOf(at), lines);
       losses.addLinks(mesh);
-      losses.addFamilies();
+      losses.addFamilies(format.written.keepsIds && mesh.target != targetRestart);
       if (options.results && !mesh.variables.empty() && plan.results.variables != 0 &&
           !hasPlannedResults(mesh, plan)) {
         lines.push_back(placeOf(at) + ": its results; a copy carries those of one mesh");
@@ -128,10 +131,6 @@ std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSum
                mesh.target == targetRestart) {
       lines.push_back(placeOf(at) + ": the mesh");
     }
-  }
-  if (options.locationModel && !summary.hasLocationModel && plan.model == CopyPlan::Model::none &&
-      plan.meshes.size() > 1) {
-    lines.emplace_back("a location model: none is built for a mesh in several partitions");
   }
   return lines;
 }

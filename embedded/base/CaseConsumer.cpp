@@ -103,7 +103,12 @@ void CaseConsumer::endNodes() {}
 
 // --- Faces ---------------------------------------------------------------------------------------
 
-void CaseConsumer::beginFaces(const std::vector<int>&) {}
+void CaseConsumer::beginFaces(const std::vector<int>&) {
+  const MeshTables* mesh = coreOf(*this).mesh();
+  const bool isForViewers = coreOf(*this).selection.target != targetRestart;
+  cellFaces_ = mesh != nullptr && isForViewers ? CellFaceCollector(*mesh, cellNodeZones_)
+                                               : CellFaceCollector();
+}
 
 void CaseConsumer::beginFaceNodes(const std::vector<int>& zoneIds) {
   begin(Family::faceNodes, zoneIds);
@@ -140,6 +145,8 @@ void CaseConsumer::writeSide(int side, int zoneId, const std::uint64_t* cellIds,
   CaseCore& core = coreOf(*this);
   if (core.selection.target == targetRestart) {
     relateZones(core.tables.meshes[core.selection], cellZones_, zoneId, side, cellIds, n);
+  } else if (const MeshTables* mesh = core.mesh()) {
+    cellFaces_.add(mesh->zoneSize(zoneId, zoneFirstId), cellIds, n);
   }
   writeIds(side == 0 ? Family::faceCell0 : Family::faceCell1, zoneId, cellIds, n);
 }
@@ -164,11 +171,16 @@ void CaseConsumer::writeFaceCell1(int zoneId, const std::uint64_t* cellIds, std:
 
 void CaseConsumer::endFaceCell1() {}
 
-void CaseConsumer::endFaces() {}
+void CaseConsumer::endFaces() {
+  if (!cellFaces_.isEmpty()) {
+    onSink("cell faces", [this](MeshArraySink& sink) { cellFaces_.write(sink); });
+  }
+  cellFaces_ = {};
+}
 
 // --- Cells ---------------------------------------------------------------------------------------
 
-void CaseConsumer::beginCells(const std::vector<int>&) {}
+void CaseConsumer::beginCells(const std::vector<int>&) { cellNodeZones_.clear(); }
 
 void CaseConsumer::beginCellTypes(const std::vector<int>& zoneIds,
                                   const std::vector<int>& uniformTypes) {
@@ -188,6 +200,7 @@ void CaseConsumer::writeCellTypes(int zoneId, const int* types, std::size_t n) {
 void CaseConsumer::endCellTypes() {}
 
 void CaseConsumer::beginCellNodes(const std::vector<int>& zoneIds) {
+  cellNodeZones_ = zoneIds;
   begin(Family::cellNodes, zoneIds);
 }
 void CaseConsumer::beginCellNodeCounts() {}

@@ -14,6 +14,7 @@
 #include "data_access/OrvFileConsumer.h"
 
 #include "embedded/base/CaseTables.h"
+#include "embedded/base/CellFaceCollector.h"
 #include "embedded/base/MeshArrays.h"
 #include "embedded/base/zone_relations.h"
 
@@ -25,7 +26,7 @@ namespace velto::base {
 /// A copy hands over less than a case holds. What follows from the rest is derived, so that a good
 /// case is good again where it was written: element counts from first and last id, and which face
 /// zones bound which cell zones from the cells beside the faces (on a restart target, which alone
-/// carries that relation).
+/// carries that relation), and the faces of polyhedra without nodes (on the other targets).
 ///
 /// Border of the two error worlds: what a subclass or a sink throws becomes a pending error here.
 /// After the first one nothing more is written until the next startWriting: endWriting abandons
@@ -135,9 +136,11 @@ class CaseConsumer : public OrvFileConsumer {
 
   std::map<OrvDataClass, std::string> fileNames_;
   unsigned int compression_ = 0;
-  bool failed_ = false;       // something of what is being written got lost
-  CellZoneRanges cellZones_;  // of the mesh whose face cells are being written
-  VariableKey variable_;      // the phase, and the variable, that are open
+  bool failed_ = false;             // something of what is being written got lost
+  std::vector<int> cellNodeZones_;  // of the mesh that is being written
+  CellZoneRanges cellZones_;        // of the mesh whose face cells are being written
+  CellFaceCollector cellFaces_;
+  VariableKey variable_;  // the phase, and the variable, that are open
 };
 
 }  // namespace velto::base
