@@ -37,6 +37,7 @@ bool OrvCopier::copyCase(bool bracketWriting) {
   if (bracketWriting) {
     destination->startWriting(dataClassCase);
   }
+  ZoneMemory memory;
   destination->setMeshId(1);  // Kept: whichever mesh is selected on the source.
   destination->setSolverType(destinationSolverFormat);
 
@@ -50,13 +51,13 @@ bool OrvCopier::copyCase(bool bracketWriting) {
   }
   if (nodeCoordinatesEnabled) {
     writeProgress("  Writing node mesh");
-    copyNodeCoordinates();
+    copyNodeCoordinates(memory);
   }
   if (cellsEnabled) {
-    copyCellMesh();
+    copyCellMesh(memory);
   }
   if (facesEnabled) {
-    copyFaceMesh();
+    copyFaceMesh(memory);
   }
   if (locationModelEnabled) {
     writeProgress("  Writing location model");
@@ -88,38 +89,40 @@ void OrvCopier::copyMeshAttributes() {
 
 // --- Cells and faces -----------------------------------------------------------------------------
 
-void OrvCopier::copyCellMesh() {
+void OrvCopier::copyCellMesh(ZoneMemory& memory) {
+  const Route route = {*source, *destination, zoneMap, memory};
   writeProgress("  Writing cell mesh");
   std::vector<int> zoneIds;
   destination->getZoneIds(zoneCategoryCell, zoneIds);
   destination->beginCells(zoneIds);
   if (cellNodesEnabled) {
     writeProgress("    Writing cell nodes");
-    copyCellNodes(source, destination, zoneMap);
+    copyCellNodes(route);
   }
   if (cellTypesEnabled) {
     writeProgress("    Writing cell types");
-    copyCellTypes(source, destination, zoneMap);
+    copyCellTypes(route);
   }
   if (cellPartitionsEnabled) {
     writeProgress("    Writing cell partitions");
-    copyCellPartitions(source, destination, zoneMap);
+    copyCellPartitions(route);
   }
   destination->endCells();
 }
 
-void OrvCopier::copyFaceMesh() {
+void OrvCopier::copyFaceMesh(ZoneMemory& memory) {
+  const Route route = {*source, *destination, zoneMap, memory};
   writeProgress("  Writing face mesh");
   std::vector<int> zoneIds;
   destination->getZoneIds(zoneCategoryFace, zoneIds);
   destination->beginFaces(zoneIds);
   if (faceNodesEnabled) {
     writeProgress("    Writing face nodes");
-    copyFaceNodes(source, destination, zoneMap);
+    copyFaceNodes(route);
   }
   if (faceParentsEnabled) {
     writeProgress("    Writing face parents");
-    copyFaceParents(source, destination, zoneMap);
+    copyFaceParents(route);
   }
   destination->endFaces();
 }

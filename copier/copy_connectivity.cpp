@@ -25,170 +25,163 @@ namespace {
 using ListLengths = std::map<int, std::int64_t>;
 
 /// Copies the counts of a zone, and gives the length of its list.
-std::int64_t copyCounts(OrvProvider& provider, OrvConsumer& consumer,
-                        const CountedWriteFamily& family, int from, int to,
+std::int64_t copyCounts(const Route& route, const CountedWriteFamily& family, int from, int to,
                         std::uint64_t elementCount) {
   short uniform = 0;
-  if ((provider.*family.read.getUniformCount)(from, uniform)) {
-    (consumer.*family.writeUniformCount)(family.uniformCountUnderSourceId ? from : to, uniform);
+  if ((route.source.*family.read.getUniformCount)(from, uniform)) {
+    (route.destination.*family.writeUniformCount)(family.uniformCountUnderSourceId ? from : to,
+                                                  uniform);
     return uniformListLength(uniform, elementCount);
   }
-  ZoneBuffer<short> counts(elementCount);
-  (provider.*family.read.readCounts)(from, counts.data(), counts.size());
-  (consumer.*family.writeCounts)(to, counts.data(), counts.size());
+  ZoneBuffer<short> counts(route.memory, elementCount);
+  (route.source.*family.read.readCounts)(from, counts.data(), counts.size());
+  (route.destination.*family.writeCounts)(to, counts.data(), counts.size());
   return summedListLength(counts.data(), counts.size());
 }
 
-void copyList(OrvProvider& provider, OrvConsumer& consumer, const CountedWriteFamily& family,
-              int from, int to, std::int64_t length) {
-  ZoneBuffer<std::uint64_t> ids(static_cast<std::size_t>(length));
-  (provider.*family.read.readIds)(from, ids.data(), ids.size());
-  (consumer.*family.writeIds)(to, ids.data(), ids.size());
+void copyList(const Route& route, const CountedWriteFamily& family, int from, int to,
+              std::int64_t length) {
+  ZoneBuffer<std::uint64_t> ids(route.memory, static_cast<std::size_t>(length));
+  (route.source.*family.read.readIds)(from, ids.data(), ids.size());
+  (route.destination.*family.writeIds)(to, ids.data(), ids.size());
 }
 
 /// Copies the family of the zones, which the source has open.
-void copyCountedZones(OrvProvider& provider, OrvConsumer& consumer,
-                      const CountedWriteFamily& family, const MappedZones& zones) {
-  (consumer.*family.begin)(zones.destination);
-  (provider.*family.read.beginCounts)();
-  (consumer.*family.beginCounts)();
+void copyCountedZones(const Route& route, const CountedWriteFamily& family,
+                      const MappedZones& zones) {
+  (route.destination.*family.begin)(zones.destination);
+  (route.source.*family.read.beginCounts)();
+  (route.destination.*family.beginCounts)();
   ListLengths lengths;
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    const std::uint64_t elementCount = elementCountOf(provider, zones.source[i]);
+    const std::uint64_t elementCount = elementCountOf(route.source, zones.source[i]);
     if (elementCount != 0) {
-      lengths[zones.source[i]] = copyCounts(provider, consumer, family, zones.source[i],
-                                            zones.destination[i], elementCount);
+      lengths[zones.source[i]] =
+          copyCounts(route, family, zones.source[i], zones.destination[i], elementCount);
     }
   }
-  (provider.*family.read.endCounts)();
-  (consumer.*family.endCounts)();
+  (route.source.*family.read.endCounts)();
+  (route.destination.*family.endCounts)();
 
-  (provider.*family.read.beginIds)();
-  (consumer.*family.beginIds)();
+  (route.source.*family.read.beginIds)();
+  (route.destination.*family.beginIds)();
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    copyList(provider, consumer, family, zones.source[i], zones.destination[i],
-             lengths[zones.source[i]]);
+    copyList(route, family, zones.source[i], zones.destination[i], lengths[zones.source[i]]);
   }
-  (provider.*family.read.endIds)();
-  (consumer.*family.endIds)();
-  (consumer.*family.end)();
+  (route.source.*family.read.endIds)();
+  (route.destination.*family.endIds)();
+  (route.destination.*family.end)();
 }
 
-void copyCounted(OrvProvider& provider, OrvConsumer& consumer, const CountedWriteFamily& family,
-                 const ZoneMap& zoneMap) {
+void copyCounted(const Route& route, const CountedWriteFamily& family) {
   std::vector<int> listed;
-  (provider.*family.read.begin)(listed);
+  (route.source.*family.read.begin)(listed);
   if (!listed.empty()) {
-    copyCountedZones(provider, consumer, family, MappedZones(listed, zoneMap));
+    copyCountedZones(route, family, MappedZones(listed, route.zoneMap));
   }
-  (provider.*family.read.end)();
+  (route.source.*family.read.end)();
 }
 
 // --- Cell types ---------------------------------------------------------------------------------
 
-void copyTypesOfZone(OrvProvider& provider, OrvConsumer& consumer, int from, int to) {
-  const std::uint64_t count = elementCountOf(provider, from);
+void copyTypesOfZone(const Route& route, int from, int to) {
+  const std::uint64_t count = elementCountOf(route.source, from);
   if (count == 0) {
     return;
   }
-  ZoneBuffer<int> types(count);
-  if (provider.readCellTypes(from, types.data(), types.size()) != count) {
+  ZoneBuffer<int> types(route.memory, count);
+  if (route.source.readCellTypes(from, types.data(), types.size()) != count) {
     std::cerr << "Warning: Inconsistent cell type size for zone '" << from << "'" << std::endl;
     return;
   }
-  consumer.writeCellTypes(to, types.data(), types.size());
+  route.destination.writeCellTypes(to, types.data(), types.size());
 }
 
-void copyTypesOfZones(OrvProvider& provider, OrvConsumer& consumer, const std::vector<int>& listed,
-                      const ZoneMap& zoneMap) {
+void copyTypesOfZones(const Route& route, const std::vector<int>& listed) {
   // Kept: types have the positions of the whole list, also where zones were left out of it.
   std::vector<int> uniformTypes(listed.size(), 0);
   for (std::size_t i = 0; i < listed.size(); ++i) {
     int type = 0;
-    if (zoneMap.count(listed[i]) != 0 && provider.getUniformCellType(listed[i], type)) {
+    if (route.zoneMap.count(listed[i]) != 0 && route.source.getUniformCellType(listed[i], type)) {
       uniformTypes[i] = type;
     }
   }
-  const MappedZones zones(listed, zoneMap);
-  consumer.beginCellTypes(zones.destination, uniformTypes);
+  const MappedZones zones(listed, route.zoneMap);
+  route.destination.beginCellTypes(zones.destination, uniformTypes);
   // Harmless: the shorter list ends the loop.
   for (std::size_t i = 0; i < zones.size(); ++i) {
     if (uniformTypes[i] == 0) {
-      copyTypesOfZone(provider, consumer, zones.source[i], zones.destination[i]);
+      copyTypesOfZone(route, zones.source[i], zones.destination[i]);
     }
   }
-  consumer.endCellTypes();
+  route.destination.endCellTypes();
 }
 
 // --- Cell partitions ----------------------------------------------------------------------------
 
-void copyPartitionsOfZones(OrvProvider& provider, OrvConsumer& consumer, const MappedZones& zones) {
+void copyPartitionsOfZones(const Route& route, const MappedZones& zones) {
   std::vector<int> info;
   for (const int zone : zones.source) {
-    info.push_back(provider.getCellPartitionInfo(zone));
+    info.push_back(route.source.getCellPartitionInfo(zone));
   }
   // Kept: what the first zone says goes for all of them.
-  consumer.beginCellPartitions(zones.destination, info.empty() ? 0 : info.front());
+  route.destination.beginCellPartitions(zones.destination, info.empty() ? 0 : info.front());
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    ZoneBuffer<int> partitions(elementCountOf(provider, zones.source[i]));
-    provider.readCellPartitions(zones.source[i], partitions.data(), partitions.size());
-    consumer.writeCellPartitions(zones.destination[i], partitions.data(), partitions.size());
+    ZoneBuffer<int> partitions(route.memory, elementCountOf(route.source, zones.source[i]));
+    route.source.readCellPartitions(zones.source[i], partitions.data(), partitions.size());
+    route.destination.writeCellPartitions(zones.destination[i], partitions.data(),
+                                          partitions.size());
   }
-  consumer.endCellPartitions();
+  route.destination.endCellPartitions();
 }
 
 // --- Cells beside the faces ---------------------------------------------------------------------
 
-void copySideOfZones(OrvProvider& provider, OrvConsumer& consumer, const SideFamily& side,
-                     const MappedZones& zones) {
-  (consumer.*side.begin)(zones.destination);
+void copySideOfZones(const Route& route, const SideFamily& side, const MappedZones& zones) {
+  (route.destination.*side.begin)(zones.destination);
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    const std::uint64_t count = elementCountOf(provider, zones.source[i]);
+    const std::uint64_t count = elementCountOf(route.source, zones.source[i]);
     if (count != 0) {
-      ZoneBuffer<std::uint64_t> cells(count);
-      (provider.*side.readCells)(zones.source[i], cells.data(), cells.size());
-      (consumer.*side.writeCells)(zones.destination[i], cells.data(), cells.size());
+      ZoneBuffer<std::uint64_t> cells(route.memory, count);
+      (route.source.*side.readCells)(zones.source[i], cells.data(), cells.size());
+      (route.destination.*side.writeCells)(zones.destination[i], cells.data(), cells.size());
     }
   }
-  (consumer.*side.end)();
+  (route.destination.*side.end)();
 }
 
 }  // namespace
 
-void copyCellNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap) {
-  copyCounted(*provider, *consumer, kWriteCellNodes, zoneMap);
-}
+void copyCellNodes(const Route& route) { copyCounted(route, kWriteCellNodes); }
 
-void copyFaceNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap) {
-  copyCounted(*provider, *consumer, kWriteFaceNodes, zoneMap);
-}
+void copyFaceNodes(const Route& route) { copyCounted(route, kWriteFaceNodes); }
 
-void copyCellTypes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap) {
+void copyCellTypes(const Route& route) {
   std::vector<int> listed;
-  provider->beginCellTypes(listed);
+  route.source.beginCellTypes(listed);
   if (!listed.empty()) {
-    copyTypesOfZones(*provider, *consumer, listed, zoneMap);
+    copyTypesOfZones(route, listed);
   }
-  provider->endCellTypes();
+  route.source.endCellTypes();
 }
 
-void copyCellPartitions(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap) {
+void copyCellPartitions(const Route& route) {
   std::vector<int> listed;
-  provider->beginCellPartitions(listed);
+  route.source.beginCellPartitions(listed);
   if (!listed.empty()) {
-    copyPartitionsOfZones(*provider, *consumer, MappedZones(listed, zoneMap));
+    copyPartitionsOfZones(route, MappedZones(listed, route.zoneMap));
   }
-  provider->endCellPartitions();
+  route.source.endCellPartitions();
 }
 
-void copyFaceParents(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap) {
+void copyFaceParents(const Route& route) {
   for (const SideFamily& side : kSides) {
     std::vector<int> listed;
-    (provider->*side.read.begin)(listed);
+    (route.source.*side.read.begin)(listed);
     if (!listed.empty()) {
-      copySideOfZones(*provider, *consumer, side, MappedZones(listed, zoneMap));
+      copySideOfZones(route, side, MappedZones(listed, route.zoneMap));
     }
-    (provider->*side.read.end)();
+    (route.source.*side.read.end)();
   }
 }
 

@@ -44,20 +44,21 @@ void judgeDelivered(int zone, std::uint64_t count, std::uint64_t dimension,
   }
 }
 
-void copyCoordinatesOfZone(OrvProvider& provider, OrvConsumer& consumer, int from, int to) {
-  const std::uint64_t count = elementCountOf(provider, from);
+void copyCoordinatesOfZone(const Route& route, int from, int to) {
+  const std::uint64_t count = elementCountOf(route.source, from);
   std::uint64_t dimension = 0;
-  provider.getZoneSizeInfo(from, zoneDimension, dimension);
-  ZoneBuffer<double> values(count * (dimension == 0 ? 3 : dimension));
-  const std::size_t delivered = provider.readNodeCoordinates(from, values.data(), values.size());
+  route.source.getZoneSizeInfo(from, zoneDimension, dimension);
+  ZoneBuffer<double> values(route.memory, count * (dimension == 0 ? 3 : dimension));
+  const std::size_t delivered =
+      route.source.readNodeCoordinates(from, values.data(), values.size());
   judgeDelivered(from, count, dimension, delivered);
   // Harmless: a claim of more values than there was room for is not followed.
-  consumer.writeNodeCoordinates(to, values.data(), std::min(delivered, values.size()));
+  route.destination.writeNodeCoordinates(to, values.data(), std::min(delivered, values.size()));
 }
 
 }  // namespace
 
-void OrvCopier::copyNodeCoordinates() {
+void OrvCopier::copyNodeCoordinates(ZoneMemory& memory) {
   std::vector<int> listed;
   source->beginNodeCoordinates(listed);
   if (!listed.empty()) {
@@ -66,6 +67,7 @@ void OrvCopier::copyNodeCoordinates() {
     const MappedZones carried(listed, zoneMap);
     const std::set<int> withCoordinates(carried.source.begin(), carried.source.end());
 
+    const Route route = {*source, *destination, zoneMap, memory};
     destination->beginNodes(nodeZones);
     copyElemIds(zoneCategoryNode);
     destination->beginNodeCoordinates(nodeZones);
@@ -75,7 +77,7 @@ void OrvCopier::copyNodeCoordinates() {
         continue;  // it has no id in the destination, and no values
       }
       if (withCoordinates.count(zone) != 0) {
-        copyCoordinatesOfZone(*source, *destination, zone, mapped->second);
+        copyCoordinatesOfZone(route, zone, mapped->second);
       } else {
         destination->writeNodeCoordinates(mapped->second, nullptr, 0);
       }

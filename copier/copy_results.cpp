@@ -124,12 +124,11 @@ void declareVariables(OrvProvider& provider, OrvConsumer& consumer, const Files&
   consumer.declareVariables(category, names, ids);
 }
 
-void copyValuesOfZone(OrvProvider& provider, OrvConsumer& consumer, int from, int to,
-                      std::size_t valuesPerEntity) {
-  ZoneBuffer<double> values(elementCountOf(provider, from) * valuesPerEntity);
-  const std::size_t delivered = provider.readVariable(from, values.data(), values.size());
+void copyValuesOfZone(const Route& route, int from, int to, std::size_t valuesPerEntity) {
+  ZoneBuffer<double> values(route.memory, elementCountOf(route.source, from) * valuesPerEntity);
+  const std::size_t delivered = route.source.readVariable(from, values.data(), values.size());
   // Harmless: a claim of more values than there was room for is not followed.
-  consumer.writeVariable(to, values.data(), std::min(delivered, values.size()));
+  route.destination.writeVariable(to, values.data(), std::min(delivered, values.size()));
 }
 
 }  // namespace
@@ -142,6 +141,7 @@ void OrvCopier::copyPhaseVariables() {
   }
   const NamedPhases named = addPhases(*source, *destination, phases);
   const Files files(source, destination);
+  ZoneMemory memory;
   for (std::size_t i = 0; i < named.source.size(); ++i) {
     if (files.both()) {
       copyPhaseTexts(files, named.source[i], named.destination[i]);
@@ -157,7 +157,7 @@ void OrvCopier::copyPhaseVariables() {
       destination->beginPhase(named.destination[i]);
       declareVariables(*source, *destination, files, category, names);
       for (const std::string& name : names) {
-        copyVariable(category, name);
+        copyVariable(category, name, memory);
       }
       destination->endPhase();
     }
@@ -165,17 +165,18 @@ void OrvCopier::copyPhaseVariables() {
   }
 }
 
-void OrvCopier::copyVariable(OrvZoneCategory category, const std::string& name) {
+void OrvCopier::copyVariable(OrvZoneCategory category, const std::string& name,
+                             ZoneMemory& memory) {
   std::vector<int> listed;
   const std::size_t valuesPerEntity = source->beginVariable(category, name, listed);
   if (!listed.empty()) {
+    const Route route = {*source, *destination, zoneMap, memory};
     const MappedZones zones(listed, zoneMap);
     destination->beginVariableZones(category);
     copyElemIds(category);
     destination->beginVariable(category, name, zones.destination, valuesPerEntity);
     for (std::size_t i = 0; i < zones.size(); ++i) {
-      copyValuesOfZone(*source, *destination, zones.source[i], zones.destination[i],
-                       valuesPerEntity);
+      copyValuesOfZone(route, zones.source[i], zones.destination[i], valuesPerEntity);
     }
     destination->endVariable();
     destination->endVariableZones();

@@ -11,10 +11,20 @@
 #include "data_access/OrvConsumer.h"
 #include "data_access/OrvProvider.h"
 
+#include "copier/ZoneBuffer.h"
+
 namespace velto {
 
 /// Source zone id to destination zone id, over the zones of all categories.
 using ZoneMap = std::map<int, int>;
+
+/// From where to where data are carried, and for which zones.
+struct Route {
+  OrvProvider& source;
+  OrvConsumer& destination;
+  const ZoneMap& zoneMap;
+  ZoneMemory& memory;
+};
 
 // --- copy_tables.cpp: the tables of a mesh and of its zones -------------------------------------
 
@@ -29,13 +39,13 @@ std::uint64_t elementCountOf(OrvProvider& provider, int zone);
 
 // --- copy_connectivity.cpp: what cells and faces are made of ------------------------------------
 
-void copyCellNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
-void copyCellTypes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
-void copyCellPartitions(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
-void copyFaceNodes(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+void copyCellNodes(const Route& route);
+void copyCellTypes(const Route& route);
+void copyCellPartitions(const Route& route);
+void copyFaceNodes(const Route& route);
 
 /// The cells on side 0 of the faces, then those on side 1.
-void copyFaceParents(OrvProvider* provider, OrvConsumer* consumer, const ZoneMap& zoneMap);
+void copyFaceParents(const Route& route);
 
 }  // namespace velto
 

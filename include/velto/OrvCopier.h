@@ -17,6 +17,8 @@
 
 namespace velto {
 
+class ZoneMemory;
+
 /// Copies the mesh that is selected on a source, its location model, settings and results into a
 /// destination, which may be of another file format and take another solver format.
 ///
@@ -131,15 +133,15 @@ class VELTO_EXPORT OrvCopier {
 
   // copy_case.cpp: the steps of copyCase
   void copyMeshAttributes();
-  void copyNodeCoordinates();
-  void copyCellMesh();
-  void copyFaceMesh();
+  void copyNodeCoordinates(ZoneMemory& memory);
+  void copyCellMesh(ZoneMemory& memory);
+  void copyFaceMesh(ZoneMemory& memory);
   void copyLocationModel();
   void copySettings();
 
   // copy_results.cpp: the steps of copyResults
   void copyPhaseVariables();
-  void copyVariable(OrvZoneCategory category, const std::string& name);
+  void copyVariable(OrvZoneCategory category, const std::string& name, ZoneMemory& memory);
 
   std::map<int, int> zoneMap;
   std::map<int, std::vector<std::size_t>> elemIdTable;
