@@ -8,6 +8,8 @@
 #include <iostream>
 #include <unistd.h>
 
+#include "orv/words.h"
+
 namespace velto::orv {
 
 namespace {
@@ -45,8 +47,10 @@ void ProgressBar::onProgress(const std::string& what, std::uint64_t done, std::u
   const double share = static_cast<double>(done) / static_cast<double>(total);
   const auto filled = static_cast<std::size_t>(share * static_cast<double>(kWidth));
   const double elapsed = std::chrono::duration<double>(now - begin_).count();
-  std::cerr << fmt::format("\r[{:=<{}}{: <{}}] {:3.0f}%, {:.0f} s left: {}\033[K", "", filled, "",
-                           kWidth - filled, share * 100.0, elapsed / share - elapsed, what)
+  const auto rate = static_cast<std::uint64_t>(static_cast<double>(done) / elapsed);
+  std::cerr << fmt::format("\r[{:=<{}}{: <{}}] {:3.0f}%, {}/s, {:.0f} s left: {}\033[K", "", filled,
+                           "", kWidth - filled, share * 100.0, sizeText(rate),
+                           elapsed / share - elapsed, what)
             << std::flush;
 }
 

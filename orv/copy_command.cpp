@@ -51,6 +51,9 @@ class Copying {
             carry("the case was written, its results were not", [this] { carryResults(); }));
   }
 
+  /// Whether something of the source could not be read.
+  bool sourceFailed() const { return sourceFailed_; }
+
  private:
   OrvCopier makeCopier(const PlannedMesh& mesh) {
     OrvCopier copier(std::string("orv ") + ORV_VERSION);
@@ -102,14 +105,16 @@ class Copying {
         isDone = false;
       }
     }
-    const bool sourceFailed = source_.hasError() && !options_.keepGoing;
+    sourceFailed_ = sourceFailed_ || source_.hasError();
     printMessages(source_, files_.source);
     printMessages(*destination_, files_.destination);
     if (!isDone) {
       destination_.reset();  // drops what is half written
       std::cerr << "orv: " << files_.destination << ": "
                 << (InterruptWatch::isInterrupted() ? "interrupted; " : "") << otherwise
-                << (sourceFailed ? "; --keep-going copies what can be read" : "") << std::endl;
+                << (sourceFailed_ && !options_.keepGoing ? "; --keep-going copies what can be read"
+                                                         : "")
+                << std::endl;
     }
     return isDone;
   }
@@ -119,6 +124,7 @@ class Copying {
   const CopyPlan& plan_;
   const CopyOptions& options_;
   ConsumerOwner destination_;
+  bool sourceFailed_ = false;
 };
 
 // --- Verifying ----------------------------------------------------------------------------------
@@ -188,15 +194,21 @@ int runCopy(const CopyOptions& options) {
   CopyOutcome outcome;
   if (!options.dryRun) {
     const InterruptWatch watch;
-    outcome.isWritten = Copying(*source, files, plan, options).run();
+    Copying copying(*source, files, plan, options);
+    outcome.isWritten = copying.run();
+    outcome.isWhole = !copying.sourceFailed();
     outcome.isVerified =
         outcome.isWritten && options.verify && verify(*source, files, plan, options);
   }
   options.json ? printCopyJson(files, plan, options, outcome)
                : printCopyText(files, plan, options, outcome);
-  const bool isGood =
-      options.dryRun || (outcome.isWritten && (outcome.isVerified || !options.verify));
-  return isGood ? exitSound : exitNotDone;
+  if (options.dryRun) {
+    return exitSound;
+  }
+  if (!outcome.isWritten || (options.verify && !outcome.isVerified)) {
+    return exitNotDone;
+  }
+  return outcome.isWhole ? exitSound : exitErrors;
 }
 
 }  // namespace velto::orv

@@ -12,6 +12,7 @@ namespace velto::orv {
 
 struct CopyOutcome {
   bool isWritten = false;
+  bool isWhole = false;  ///< Nothing of the source was unreadable.
   bool isVerified = false;
 };
 

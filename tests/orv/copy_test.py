@@ -1,0 +1,298 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""orv copy as a user meets it: whole outputs, exit statuses, what is left on the disk.
+
+Usage: copy_test.py ORV MAKE_POLYMESH SCHEMA
+"""
+
+import json
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import jsonschema
+
+ORV, MAKE_POLYMESH, SCHEMA = map(os.path.abspath, sys.argv[1:4])
+
+PERIODIC_PLAN = """\
+periodic.orv -> copy.orv (store)
+
+mesh  target   partition  zones  nodes  faces  cells    data
+   1  restart                 6     27     36      8  2.2 kB
+
+besides
+solver type     VELTO_GENERIC
+location model  one that is built from the zones
+settings        7
+results         none
+
+no copy carries
+  mesh 1, restart: the shadow links of face zones 3,4
+  mesh 1, restart: the shadow faces of face zones 3,4
+"""
+
+STEPS = """\
+Writing mesh
+  Copying problem size
+  Copying mesh units
+  Writing mesh attibutes
+  Copying zone toplogy
+  Writing node mesh
+  Writing cell mesh
+    Writing cell nodes
+    Writing cell types
+    Writing cell partitions
+  Writing face mesh
+    Writing face nodes
+    Writing face parents
+  Writing location model
+  Mesh written
+Writing settings
+  Settings written
+  Standard Settings written
+"""
+
+
+class OrvCopy(unittest.TestCase):
+    """A folder with samples of about eight cells, in which the program runs."""
+
+    def setUp(self):
+        self._folder = tempfile.TemporaryDirectory()
+        self.folder = pathlib.Path(self._folder.name)
+        self.addCleanup(self._folder.cleanup)
+
+    def orv(self, *arguments):
+        done = subprocess.run([ORV, *map(str, arguments)], capture_output=True, text=True,
+                              cwd=self.folder, check=False)
+        return done.returncode, done.stdout, done.stderr
+
+    def sample(self, name, cells=8, file=None):
+        file = file or name + ".orv"
+        self.assertEqual(self.orv("sample", name, file, "-n", cells)[0], 0)
+        return file
+
+    def files(self):
+        return sorted(str(path.relative_to(self.folder)) for path in self.folder.rglob("*")
+                      if path.is_file())
+
+    def size(self, name):
+        size = (self.folder / name).stat().st_size
+        return f"{size} bytes" if size < 1000 else f"{size / 1000:.1f} kB"
+
+
+class Copies(OrvCopy):
+    def test_are_verified_on_demand(self):
+        self.sample("box")
+        self.assertEqual(
+            self.orv("copy", "box.orv", "copy.orv", "--verify"),
+            (0, f"copy.orv: 8 cells, {self.size('copy.orv')}, same as its source\n", ""))
+
+    def test_tell_the_files_that_they_wrote(self):
+        self.sample("results")
+        status, out, err = self.orv("copy", "results.orv", "copy.orv")
+        self.assertEqual((status, out, err),
+                         (0, f"copy.orv: 8 cells, {self.size('copy.orv')}\n"
+                             f"copy.orvr: results, {self.size('copy.orvr')}\n", ""))
+        self.assertEqual(self.files(), ["copy.orv", "copy.orvr", "results.orv", "results.orvr"])
+
+    def test_of_samples_check_as_good_as_their_source(self):
+        for name in ("box", "box-cells", "post", "polyhedra", "plane", "two-bodies", "periodic",
+                     "shadow", "physics", "results", "partitions"):
+            with self.subTest(name):
+                source = self.sample(name, 60)
+                for level in ("0", "4"):
+                    self.assertEqual(
+                        self.orv("copy", source, "copy.orv", "-f", "--verify", "-c", level)[0], 0)
+                    self.assertEqual(
+                        self.orv("check", "copy.orv", "--level", "2"),
+                        (0, "copy.orv: sound (0 errors, 0 warnings)\n", ""))
+
+    def test_of_an_openfoam_mesh_keep_its_messages(self):
+        subprocess.run([MAKE_POLYMESH, self.folder / "constant/polyMesh", "2", "2", "2"],
+                       check=True, stdout=subprocess.DEVNULL)
+        self.assertEqual(self.orv("copy", ".", "copy.orv", "--verify"),
+                         (0, f"copy.orv: 8 cells, {self.size('copy.orv')}, same as its source\n",
+                          ""))
+        self.assertEqual(self.orv("check", "copy.orv", "--no-location-model")[1],
+                         "copy.orv: sound (0 errors, 0 warnings)\n")
+
+    def test_of_copies_are_equal(self):
+        self.sample("physics")
+        self.orv("copy", "physics.orv", "one.orv")
+        self.assertEqual(self.orv("copy", "one.orv", "two.orv", "--verify")[0], 0)
+        settings = [[s for s in json.loads(self.orv("info", file, "--json")[1])["files"][0]["settings"]
+                     if s["key"] != "Time"] for file in ("one.orv", "two.orv")]
+        ours = [[s for s in some if not s["key"].endswith(("Time", "Format"))] for some in settings]
+        self.assertEqual(ours[0], ours[1])
+
+    def test_carry_settings_below_the_solver_format(self):
+        self.sample("physics")
+        self.orv("copy", "physics.orv", "copy.orv", "--solver-format", "OTHER")
+        info = json.loads(self.orv("info", "copy.orv", "--json")[1])["files"][0]
+        self.assertEqual(info["solverType"], "OTHER")
+        keys = [setting["key"] for setting in info["settings"]]
+        self.assertTrue(all(key.startswith("OTHER/") for key in keys
+                            if key not in ("Time", "Source Format", "Destination Format")), keys)
+        self.assertEqual(self.orv("regions", "copy.orv")[1].splitlines()[3:],
+                         self.orv("regions", "physics.orv")[1].splitlines()[3:])
+
+    def test_leave_out_what_they_are_told_to(self):
+        self.sample("results")
+        self.orv("copy", "results.orv", "copy.orv", "--no-results", "--no-settings",
+                 "--no-location-model", "--no-units", "--no-face-cells")
+        info = json.loads(self.orv("info", "copy.orv", "--json")[1])["files"][0]
+        self.assertEqual((info["settings"], info["locationModel"], info["results"],
+                          info["meshes"][0]["units"]), ([], False, "", ""))
+        self.assertEqual(self.files(), ["copy.orv", "results.orv", "results.orvr"])
+
+    def test_take_the_results_that_are_named(self):
+        self.sample("results")
+        os.rename(self.folder / "results.orvr", self.folder / "of-monday.orvr")
+        self.assertEqual(self.orv("copy", "results.orv", "copy.orv", "--results", "of-monday.orvr",
+                                  "--verify")[0], 0)
+        self.assertEqual(self.files(),
+                         ["copy.orv", "copy.orvr", "of-monday.orvr", "results.orv"])
+
+    def test_print_their_steps_on_demand(self):
+        self.sample("box")
+        status, out, err = self.orv("copy", "box.orv", "copy.orv", "-v")
+        self.assertEqual((status, out, err),
+                         (0, STEPS + f"copy.orv: 8 cells, {self.size('copy.orv')}\n", ""))
+
+    def test_choose_a_partition(self):
+        self.sample("partitions", 64)
+        self.orv("copy", "partitions.orv", "copy.orv", "--partition", "2")
+        info = json.loads(self.orv("info", "copy.orv", "--json")[1])["files"][0]
+        self.assertEqual([mesh["partition"] for mesh in info["meshes"]], [2])
+
+
+class Plans(OrvCopy):
+    def test_say_what_is_copied_and_what_is_lost(self):
+        self.sample("periodic")
+        self.assertEqual(self.orv("copy", "periodic.orv", "copy.orv", "--dry-run"),
+                         (0, PERIODIC_PLAN, ""))
+        self.assertEqual(self.files(), ["periodic.orv"])
+
+    def test_fit_their_schema(self):
+        self.sample("results")
+        for arguments in ([], ["--dry-run"], ["-f", "--verify"]):
+            status, out, err = self.orv("copy", "results.orv", "copy.orv", "--json", "-f",
+                                        *arguments)
+            self.assertEqual((status, err), (0, ""))
+            report = json.loads(out)
+            jsonschema.validate(report, json.loads(pathlib.Path(SCHEMA).read_text()))
+            self.assertEqual((report["dryRun"], report["verified"], len(report["written"])),
+                             ("--dry-run" in arguments, "--verify" in arguments,
+                              0 if "--dry-run" in arguments else 2))
+
+
+class Refusals(OrvCopy):
+    def refused(self, *arguments):
+        before = self.files()
+        status, out, err = self.orv("copy", *arguments)
+        self.assertEqual((status, out), (2, ""))
+        self.assertEqual(self.files(), before)
+        return err
+
+    def test_of_the_source_itself(self):
+        self.sample("results")
+        os.symlink("results.orv", self.folder / "link.orv")
+        os.symlink("results.orvr", self.folder / "link-to.orvr")
+        for destination in ("results.orv", "./results.orv", "link.orv"):
+            self.assertEqual(self.refused("results.orv", destination, "--force"),
+                             f"orv: {destination}: is the source itself, which is never written\n")
+        self.assertEqual(
+            self.refused("results.orv", "link-to.orv", "--force"),
+            "orv: link-to.orvr: is the source itself, which is never written\n")
+
+    def test_of_what_is_there(self):
+        self.sample("box")
+        (self.folder / "there.orv").write_text("mine")
+        self.assertEqual(self.refused("box.orv", "there.orv"),
+                         "orv: there.orv: is there already; --force replaces it\n")
+        self.assertEqual((self.folder / "there.orv").read_text(), "mine")
+        self.assertEqual(self.orv("copy", "box.orv", "there.orv", "--force")[0], 0)
+
+    def test_of_formats(self):
+        self.sample("box")
+        self.assertEqual(self.refused("box.orv", "copy.orv", "--to", "stor"),
+                         "orv: no format that can be written is named stor; did you mean store? "
+                         "`orv formats` lists all\n")
+        self.assertEqual(self.refused("box.orv", "copy.foo"),
+                         "orv: copy.foo: its name tells no format that can be written; --to names "
+                         "one, and `orv formats` lists them\n")
+
+    def test_of_sources(self):
+        self.assertEqual(self.refused("nothing.orv", "copy.orv"),
+                         "orv: nothing.orv: no such file or folder\n")
+        self.sample("box")
+        self.assertEqual(self.refused("box.orv", "copy.orv", "--mesh", "3"),
+                         "orv: box.orv: holds no mesh 3, but 1\n")
+        self.assertEqual(self.refused("box.orv", "copy.orv", "--target", "post"),
+                         "orv: box.orv: holds no such target or partition of mesh 1\n")
+
+    def test_of_a_folder_that_is_not_there(self):
+        self.sample("box")
+        err = self.refused("box.orv", "missing/copy.orv")
+        self.assertTrue(err.startswith("Error: missing/copy.orv: "), err)
+        self.assertTrue(err.endswith("orv: missing/copy.orv: nothing was written\n"), err)
+
+
+class Failures(OrvCopy):
+    def damage(self, file):
+        """Flips a byte in the middle of the coordinates of a case."""
+        content = bytearray((self.folder / file).read_bytes())
+        content[len(content) // 2] ^= 0x55
+        (self.folder / file).write_bytes(content)
+
+    def test_to_read_leave_nothing(self):
+        self.sample("box", 1000)
+        self.damage("box.orv")
+        status, out, err = self.orv("copy", "box.orv", "copy.orv")
+        self.assertEqual((status, out), (2, ""))
+        self.assertTrue(err.endswith("orv: copy.orv: nothing was written; --keep-going copies what "
+                                     "can be read\n"), err)
+        self.assertEqual(self.files(), ["box.orv"])
+        status, out, err = self.orv("copy", "box.orv", "copy.orv", "--keep-going")
+        self.assertEqual((status, self.files()), (1, ["box.orv", "copy.orv"]), err)
+
+    def test_for_want_of_room_say_so_and_leave_nothing(self):
+        self.sample("box", 20000)
+        small = self.folder / "small"
+        small.mkdir()
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=1M", "tmpfs", str(small)],
+                                 capture_output=True, check=False)
+        if mounted.returncode != 0:
+            self.skipTest("no small file system can be made here")
+        try:
+            status, out, err = self.orv("copy", "box.orv", "small/copy.orv")
+            left = os.listdir(small)
+        finally:
+            subprocess.run(["umount", str(small)], check=True)
+        self.assertEqual((status, out, left), (2, "", []))
+        self.assertIn("No space left on device", err)
+        self.assertTrue(err.endswith("orv: small/copy.orv: nothing was written\n"), err)
+
+    def test_on_an_interrupt_leave_nothing(self):
+        self.sample("box", 300000)
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(number):
+                copying = subprocess.Popen([ORV, "copy", "box.orv", "copy.orv", "-c", "9"],
+                                           cwd=self.folder, stdout=subprocess.PIPE,
+                                           stderr=subprocess.PIPE, text=True)
+                while copying.poll() is None and len(self.files()) < 2:
+                    time.sleep(0.001)
+                copying.send_signal(number)
+                out, err = copying.communicate(timeout=60)
+                self.assertEqual((copying.returncode, out, err),
+                                 (2, "", "orv: copy.orv: interrupted; nothing was written\n"))
+                self.assertEqual(self.files(), ["box.orv"])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
