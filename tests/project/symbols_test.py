@@ -36,6 +36,9 @@ NEEDED = [
     "velto::OrvLocationModel::findFaceUse(int, ",
     "velto::OrvVariant::asStringVector() const",
     "velto::OrvUtilities::splitString(",
+    "velto::getDataConsumer(",
+    "velto::OrvBase::setZoneIds(",
+    "velto::OrvConsumer::setLocationModel(",
 ]
 
 # Mangled names of the standard library, and of the language's own support.
@@ -105,6 +108,9 @@ class Symbols(unittest.TestCase):
         "velto::OrvLocationModel::findFaceUse(int, std::string const&, int&) const": "U",
         "velto::OrvVariant::asStringVector() const": "U",
         "velto::OrvUtilities::splitString(std::string const&, bool, char)": "U",
+        "velto::getDataConsumer(velto::OrvFileFormatType)": "U",
+        "velto::OrvBase::setZoneIds(velto::OrvZoneCategory, std::vector<int> const&)": "U",
+        "velto::OrvConsumer::setLocationModel(velto::OrvLocationModel const*) const": "U",
         "velto::OrvChecker::checkCase(std::string const&)": "T",
         "velto::OrvFileIO::~OrvFileIO()": "W",
         "typeinfo for velto::OrvBase": "U",
