@@ -104,6 +104,7 @@ enum OrvFileFormatType : int {
   fileFormatMemory = 0,    ///< A case in memory; nothing reaches the disk.
   fileFormatOpenFoam = 1,  ///< An OpenFOAM polyMesh folder.
   fileFormatStore = 2,     ///< The case store: a file for the case and one for its results.
+  fileFormatVtu = 3,       ///< A VTK unstructured grid, for viewers.
 };
 
 }  // namespace velto

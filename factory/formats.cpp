@@ -12,6 +12,7 @@
 #include "embedded/store/file_names.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
+#include "formats/vtu/VtuConsumer.h"
 
 namespace velto {
 
@@ -41,6 +42,16 @@ const std::vector<Format>& formats() {
        make<store::StoreProvider, OrvFileProvider>,
        make<store::StoreConsumer, OrvFileConsumer>,
        {store::kCaseEnding, {}, "", true}},
+      {fileFormatVtu,
+       "vtu",
+       "VTK unstructured grid, for ParaView and PyVista",
+       ".vtu",
+       "",
+       "mesh, zones, results",
+       nullptr,
+       nullptr,
+       make<vtu::VtuConsumer, OrvFileConsumer>,
+       {".vtu", {Content::faces, Content::locationModel, Content::settings}, "", false}},
       {fileFormatMemory, "memory", "a case in memory, for programs", "none", "", "everything",
        nullptr, nullptr, make<memory::MemoryConsumer, OrvFileConsumer>},
   };

@@ -14,6 +14,7 @@
 #include "embedded/memory/MemoryConsumer.h"
 #include "factory/formats.h"
 #include "formats/openfoam/OpenFoamProvider.h"
+#include "formats/vtu/VtuConsumer.h"
 #include "testing/PolyMeshWriter.h"
 #include "testing/TempFolder.h"
 
@@ -55,6 +56,12 @@ TEST(GetDataConsumer, GoesByTheFormatsValue) {
   OrvFileConsumer* made = getDataConsumer(fileFormatMemory);
   const auto owner = owned(made);
   EXPECT_NE(dynamic_cast<memory::MemoryConsumer*>(made), nullptr);
+}
+
+TEST(GetDataConsumer, WritesFilesForViewers) {
+  OrvFileConsumer* made = getDataConsumer(fileFormatVtu);
+  const auto owner = owned(made);
+  EXPECT_NE(dynamic_cast<vtu::VtuConsumer*>(made), nullptr);
 }
 
 TEST(GetDataConsumer, GivesNoneForFormatsThatAreNotWritten) {

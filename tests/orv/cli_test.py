@@ -254,10 +254,10 @@ class Other(CommandLine):
         status, out, err = self.orv("formats")
         self.assertEqual((status, err), (0, ""))
         self.assertEqual([line.split()[0] for line in out.splitlines()],
-                         ["name", "openfoam", "store", "memory"])
+                         ["name", "openfoam", "store", "vtu", "memory"])
         status, out, _ = self.orv("formats", "--json")
         self.assertEqual((status, [f["name"] for f in json.loads(out)["formats"]]),
-                         (0, ["openfoam", "store", "memory"]))
+                         (0, ["openfoam", "store", "vtu", "memory"]))
 
     def test_explains_itself(self):
         for arguments in (["--help"], ["check", "--help"], ["info", "--help"],
