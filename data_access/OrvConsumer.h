@@ -51,6 +51,8 @@ class OrvConsumer : public virtual OrvBase {
   /// "Destination Format".
   virtual void writeStandardSettings(std::vector<std::pair<std::string, std::string>> entries,
                                      OrvDataClass dataClass) = 0;
+  /// How what will be written is written, with values of the consumer's own: 1 for text in a format
+  /// that has binary files too.
   virtual void setMode(int mode) = 0;
   /// Compression of what will be written: 0 for none, 1 to 9 from fast to small.
   virtual void setCompression(unsigned int level) = 0;

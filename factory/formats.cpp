@@ -10,6 +10,7 @@
 #include "embedded/store/StoreConsumer.h"
 #include "embedded/store/StoreProvider.h"
 #include "embedded/store/file_names.h"
+#include "formats/openfoam/OpenFoamConsumer.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
 #include "formats/vtu/VtuConsumer.h"
@@ -29,9 +30,19 @@ Interface* make() {
 
 const std::vector<Format>& formats() {
   static const std::vector<Format> kFormats = {
-      {fileFormatOpenFoam, "openfoam", "OpenFOAM polyMesh",
-       "a folder constant/polyMesh, a file in it, or a case folder", "mesh, zones, partitions", "",
-       openfoam::holdsMesh, make<openfoam::OpenFoamProvider, OrvFileProvider>, nullptr},
+      {fileFormatOpenFoam,
+       "openfoam",
+       "OpenFOAM polyMesh",
+       "a folder constant/polyMesh, a file in it, or a case folder",
+       "mesh, zones, partitions",
+       "mesh, zones, partitions",
+       openfoam::holdsMesh,
+       make<openfoam::OpenFoamProvider, OrvFileProvider>,
+       make<openfoam::OpenFoamConsumer, OrvFileConsumer>,
+       {"",
+        {Content::postTargets, Content::locationModel, Content::settings, Content::results},
+        "openfoam/",
+        false}},
       {fileFormatStore,
        "store",
        "the case store of this library, on HDF5",

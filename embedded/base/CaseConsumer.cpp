@@ -36,7 +36,7 @@ void CaseConsumer::writeStandardSettings(std::vector<std::pair<std::string, std:
   writeSettings(entries, dataClass, _defaultSettingsPath);
 }
 
-void CaseConsumer::setMode(int) {}
+void CaseConsumer::setMode(int mode) { mode_ = mode; }
 
 void CaseConsumer::setCompression(unsigned int level) { compression_ = level; }
 

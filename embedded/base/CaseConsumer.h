@@ -121,8 +121,10 @@ class CaseConsumer : public OrvFileConsumer {
   /// Writing failed; what was begun is dropped.
   virtual void abandon() {}
 
-  /// The file that setFileName gave for a class, and the compression that was asked for.
+  /// The file that setFileName gave for a class, and the mode and the compression that were asked
+  /// for.
   const std::string& fileName(OrvDataClass dataClass) { return fileNames_[dataClass]; }
+  int mode() const { return mode_; }
   unsigned int compression() const { return compression_; }
 
  private:
@@ -135,6 +137,7 @@ class CaseConsumer : public OrvFileConsumer {
   void writeSide(int side, int zoneId, const std::uint64_t* cellIds, std::size_t n);
 
   std::map<OrvDataClass, std::string> fileNames_;
+  int mode_ = 0;
   unsigned int compression_ = 0;
   bool failed_ = false;             // something of what is being written got lost
   std::vector<int> cellNodeZones_;  // of the mesh that is being written

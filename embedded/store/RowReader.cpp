@@ -20,7 +20,8 @@ constexpr std::size_t kBlockBytes = std::size_t{1} << 18U;
 
 }  // namespace
 
-RowReader::RowReader(Dataset dataset, NumberType type, const RawFile& file, ReadBuffers& buffers)
+RowReader::RowReader(Dataset dataset, NumberType type, const base::RawFile& file,
+                     ReadBuffers& buffers)
     : file_(file),
       buffers_(buffers),
       where_(dataset.where()),

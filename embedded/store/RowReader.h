@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "embedded/base/RawFile.h"
 #include "embedded/store/Checksum.h"
 #include "embedded/store/Hdf5.h"
-#include "embedded/store/RawFile.h"
 #include "embedded/store/RowWriter.h"
 #include "embedded/store/packing.h"
 
@@ -36,7 +36,7 @@ struct ReadBuffers {
 class RowReader {
  public:
   /// `file` and `buffers` outlive the reader.
-  RowReader(Dataset dataset, NumberType type, const RawFile& file, ReadBuffers& buffers);
+  RowReader(Dataset dataset, NumberType type, const base::RawFile& file, ReadBuffers& buffers);
 
   std::uint64_t rows() const { return rows_; }
   const std::string& where() const { return where_; }
@@ -55,7 +55,7 @@ class RowReader {
   const std::byte* heldChunk(std::uint64_t firstRow);
   void unpackChunk(std::uint64_t firstRow, std::byte* values);
 
-  const RawFile& file_;
+  const base::RawFile& file_;
   ReadBuffers& buffers_;
   std::string where_;
   std::size_t rowSize_;

@@ -22,9 +22,9 @@ namespace velto::store {
 
 /// What the meshes of an open file share.
 struct OpenFile {
-  explicit OpenFile(const std::string& file) : raw(file, RawFile::Mode::read, file) {}
+  explicit OpenFile(const std::string& file) : raw(file, base::RawFile::Mode::read, file) {}
 
-  RawFile raw;
+  base::RawFile raw;
   ReadBuffers buffers;
 };
 

@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 /// How every HDF5 file begins.
 constexpr std::array<unsigned char, 8> kSignature = {0x89, 'H', 'D', 'F', '\r', '\n', 0x1a, '\n'};
 
-bool isHdf5(const RawFile& raw) {
+bool isHdf5(const base::RawFile& raw) {
   std::array<unsigned char, 8> begin{};
   if (raw.size() <= begin.size()) {
     return false;
@@ -37,7 +37,7 @@ bool isHdf5(const RawFile& raw) {
 
 /// Throws if a file ends before the end that HDF5 has noted in its head, which is the first thing
 /// that HDF5 looks at too, but tells in words of its own.
-void requireWhole(const std::string& name, const RawFile& raw) {
+void requireWhole(const std::string& name, const base::RawFile& raw) {
   constexpr std::uint64_t kVersionAt = 8;
   constexpr std::uint64_t kEndAt = 40;  // in the versions 0 and 1, with addresses of 8 bytes
   std::uint8_t version = 0;
@@ -54,7 +54,7 @@ void requireWhole(const std::string& name, const RawFile& raw) {
 }
 
 /// Looks at the format's name in the file itself.
-bool hasFormat(const std::string& file, const RawFile& raw) {
+bool hasFormat(const std::string& file, const base::RawFile& raw) {
   if (!isHdf5(raw) || examineSeal(raw) == SealState::broken) {
     return false;
   }
@@ -140,7 +140,7 @@ bool isStore(const std::string& file) {
     return true;
   }
   try {
-    return hasFormat(file, RawFile(file, RawFile::Mode::read, file));
+    return hasFormat(file, base::RawFile(file, base::RawFile::Mode::read, file));
   } catch (const std::exception&) {
     return false;
   }

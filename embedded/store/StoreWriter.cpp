@@ -4,10 +4,8 @@
 
 #include "embedded/store/StoreWriter.h"
 
-#include <atomic>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "embedded/base/CaseError.h"
@@ -22,17 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A name beside the final one that no file has. Two writers of one process never get the same.
-std::string temporaryName(const std::string& file) {
-  static std::atomic<unsigned> counter{0};
-  std::string name;
-  std::error_code ignored;
-  do {
-    name = file + ".part-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
-  } while (fs::exists(name, ignored));
-  return name;
-}
-
 /// Free bytes on the disk of a file; none if that cannot be told, so that nothing is planned.
 std::uint64_t roomBeside(const std::string& file) {
   std::error_code failed;
@@ -46,20 +33,15 @@ std::uint64_t roomBeside(const std::string& file) {
 StoreWriter::StoreWriter(std::string file, OrvDataClass dataClass, unsigned compression,
                          const base::CaseTables& tables)
     : file_(std::move(file)), dataClass_(dataClass), tables_(tables) {
-  if (file_.empty()) {
-    throw CaseError("no file name was given for what is to be written");
-  }
-  std::error_code ignored;
-  if (fs::is_directory(file_, ignored)) {
-    throw CaseError(file_ + ": is a folder");
-  }
+  base::requireFileName(file_);
   settings_.compression = compression;
   settings_.room = roomBeside(file_);
   settings_.progress.what = "writing " + file_;
-  temporary_ = temporaryName(file_);
+  temporary_ = base::nameBeside(file_, "part");
   try {
     hdf5_ = Hdf5File::create(temporary_, file_);
   } catch (...) {  // HDF5 may have made the file before it failed
+    std::error_code ignored;
     fs::remove(temporary_, ignored);
     throw;
   }
@@ -123,10 +105,10 @@ void StoreWriter::finish() {
   sinks_.clear();
   current_ = nullptr;
   hdf5_->close();
-  RawFile raw(temporary_, RawFile::Mode::readAndWrite, file_);
+  base::RawFile raw(temporary_, base::RawFile::Mode::readAndWrite, file_);
   writeSeal(raw, values);
   raw.sync();
-  renameDurably(temporary_, file_);
+  base::renameDurably(temporary_, file_);
   temporary_.clear();
 }
 

@@ -33,7 +33,7 @@ struct Tail {
 };
 static_assert(sizeof(Tail) == 32 && sizeof(FileRange) == 16);
 
-void addPart(Checksum& checksum, const RawFile& file, std::uint64_t begin, std::uint64_t end,
+void addPart(Checksum& checksum, const base::RawFile& file, std::uint64_t begin, std::uint64_t end,
              std::vector<char>& block) {
   while (begin < end) {
     const std::size_t size = std::min<std::uint64_t>(end - begin, block.size());
@@ -43,7 +43,7 @@ void addPart(Checksum& checksum, const RawFile& file, std::uint64_t begin, std::
   }
 }
 
-std::uint64_t checksumOf(const RawFile& file, const std::vector<FileRange>& ranges,
+std::uint64_t checksumOf(const base::RawFile& file, const std::vector<FileRange>& ranges,
                          const Tail& tail) {
   std::vector<char> block(kBlock);
   Checksum checksum;
@@ -73,7 +73,7 @@ bool areInOrder(const std::vector<FileRange>& ranges, std::uint64_t size) {
 
 }  // namespace
 
-void writeSeal(RawFile& file, std::vector<FileRange> values) {
+void writeSeal(base::RawFile& file, std::vector<FileRange> values) {
   std::sort(values.begin(), values.end(),
             [](const FileRange& a, const FileRange& b) { return a.begin < b.begin; });
   std::vector<FileRange> ranges;
@@ -93,7 +93,7 @@ void writeSeal(RawFile& file, std::vector<FileRange> values) {
   file.write(tail.size + rangeBytes, &tail, sizeof tail);
 }
 
-SealState examineSeal(const RawFile& file) {
+SealState examineSeal(const base::RawFile& file) {
   const std::uint64_t size = file.size();
   Tail tail;
   if (size < sizeof tail) {

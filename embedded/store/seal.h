@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "embedded/base/RawFile.h"
 #include "embedded/store/Hdf5.h"
-#include "embedded/store/RawFile.h"
 
 namespace velto::store {
 
@@ -22,10 +22,10 @@ enum class SealState {
 
 /// Puts a seal behind a closed HDF5 file. `values` are the parts that hold the numbers of arrays,
 /// which have checksums of their own; the seal covers all the rest.
-void writeSeal(RawFile& file, std::vector<FileRange> values);
+void writeSeal(base::RawFile& file, std::vector<FileRange> values);
 
 /// Reads what the seal covers, a small part of a file with large arrays, and compares.
-SealState examineSeal(const RawFile& file);
+SealState examineSeal(const base::RawFile& file);
 
 }  // namespace velto::store
 

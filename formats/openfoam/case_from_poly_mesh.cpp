@@ -43,6 +43,11 @@ bool beginsWith(const std::string& text, const std::string& prefix) {
   return text.compare(0, prefix.size(), prefix) == 0;
 }
 
+/// Whether the type of a zone alone tells the word.
+bool isPlainType(const std::string& patchType) {
+  return plainTypeOf(boundaryTypeOf(patchType)) == patchType;
+}
+
 /// A comma-separated list with the names added that it lacks.
 std::string withNames(std::string list, const std::vector<std::string>& names) {
   std::vector<std::string> before;
@@ -154,8 +159,8 @@ class Assembler {
     for (std::size_t i = 0; i < mesh_.patches.size(); ++i) {
       const Patch& patch = mesh_.patches[i];
       for (const auto& entry : patch.entries) {
-        const bool isInZone =
-            entry.first == "nFaces" || entry.first == "startFace" || entry.first == "type";
+        const bool isInZone = entry.first == "nFaces" || entry.first == "startFace" ||
+                              (entry.first == "type" && isPlainType(patch.type));
         if (patchZones_[i].empty() || !isInZone) {
           case_.setSetting("openfoam/boundary/" + patch.name + "/" + entry.first, entry.second);
         }
@@ -356,6 +361,26 @@ int boundaryTypeOf(const std::string& patchType) {
   const bool isCoupled = beginsWith(patchType, "cyclic") || beginsWith(patchType, "mapped") ||
                          beginsWith(patchType, "nonConformal");
   return isCoupled ? base::boundaryCoupled : base::boundaryPatch;
+}
+
+std::string plainTypeOf(int boundaryType) {
+  switch (boundaryType) {
+    case base::boundaryWall:
+      return "wall";
+    case base::boundaryPeriodic:
+    case base::boundaryPeriodicShadow:
+      return "cyclic";
+    case base::boundarySymmetry:
+      return "symmetry";
+    case base::boundaryEmpty:
+      return "empty";
+    case base::boundaryWedge:
+      return "wedge";
+    case base::boundaryProcessor:
+      return "processor";
+    default:
+      return "patch";
+  }
 }
 
 std::vector<std::string> addPolyMesh(memory::Case& target, const base::MeshKey& key,

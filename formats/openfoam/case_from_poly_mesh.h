@@ -24,12 +24,16 @@ namespace velto::openfoam {
 /// its neighbour. A label n of the files is the id n + 1, unless zones that are no ranges, or are
 /// cut, make it necessary to renumber (see zone_layout.h).
 ///
-/// A type of a patch that the case has no value for is kept as the zone's type name, and the other
-/// entries of a patch as settings "openfoam/boundary/<patch>/<keyword>".
+/// The type of a patch is kept as the zone's type name, and the other entries of a patch as
+/// settings "openfoam/boundary/<patch>/<keyword>"; there the type too if the zone's type does not
+/// tell it.
 std::vector<std::string> addPolyMesh(memory::Case& target, const base::MeshKey& key, PolyMesh mesh);
 
 /// The boundary type of a patch by the word in `boundary`.
 int boundaryTypeOf(const std::string& patchType);
+
+/// The plainest word for a boundary type; "patch" for coupled and unknown ones.
+std::string plainTypeOf(int boundaryType);
 
 }  // namespace velto::openfoam
 

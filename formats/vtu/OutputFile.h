@@ -7,8 +7,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "embedded/base/RawFile.h"
 
 namespace velto::vtu {
 
@@ -39,19 +42,14 @@ class OutputFile {
   void finish();
 
  private:
-  [[noreturn]] void fail(const std::string& what) const;
   void flush();
-  void write(std::uint64_t offset, const void* bytes, std::size_t size);
 
   std::string file_;
   std::string temporary_;  // empty once it has the final name
-  int descriptor_ = -1;
+  std::unique_ptr<base::RawFile> raw_;
   std::uint64_t written_ = 0;
   std::vector<char> buffer_;
 };
-
-/// Throws a CaseError if a file of that name cannot be meant: there is none, or it is a folder.
-void requireFileName(const std::string& file);
 
 }  // namespace velto::vtu
 

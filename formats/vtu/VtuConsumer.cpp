@@ -22,7 +22,7 @@ bool hasVariables(const memory::Case& source) {
 
 }  // namespace
 
-void VtuConsumer::open(OrvDataClass) { requireFileName(fileName(dataClassCase)); }
+void VtuConsumer::open(OrvDataClass) { base::requireFileName(fileName(dataClassCase)); }
 
 void VtuConsumer::finish(OrvDataClass dataClass) {
   const std::shared_ptr<const memory::Case> source = takeCase();

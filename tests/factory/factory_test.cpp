@@ -13,6 +13,7 @@
 
 #include "embedded/memory/MemoryConsumer.h"
 #include "factory/formats.h"
+#include "formats/openfoam/OpenFoamConsumer.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/vtu/VtuConsumer.h"
 #include "testing/PolyMeshWriter.h"
@@ -64,8 +65,13 @@ TEST(GetDataConsumer, WritesFilesForViewers) {
   EXPECT_NE(dynamic_cast<vtu::VtuConsumer*>(made), nullptr);
 }
 
-TEST(GetDataConsumer, GivesNoneForFormatsThatAreNotWritten) {
-  EXPECT_EQ(getDataConsumer(fileFormatOpenFoam), nullptr);
+TEST(GetDataConsumer, MakesOneForOpenFoam) {
+  OrvFileConsumer* made = getDataConsumer(fileFormatOpenFoam);
+  const auto owner = owned(made);
+  EXPECT_NE(dynamic_cast<openfoam::OpenFoamConsumer*>(made), nullptr);
+}
+
+TEST(GetDataConsumer, GivesNoneForAFormatThatIsNotKnown) {
   EXPECT_EQ(getDataConsumer(static_cast<OrvFileFormatType>(77)), nullptr);
 }
 

@@ -50,7 +50,7 @@ class RowWriters : public ::testing::Test {
 
   /// Compares length, storage and rows with what was written.
   void expectRows(Storage storage) {
-    const store::RawFile raw(file_, store::RawFile::Mode::read, file_);
+    const base::RawFile raw(file_, base::RawFile::Mode::read, file_);
     const store::Hdf5File file = store::Hdf5File::open(file_, raw.size());
     const store::Group root = file.root();
     EXPECT_FALSE(root.has("values.moved"));

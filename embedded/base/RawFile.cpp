@@ -2,8 +2,9 @@
 //
 // RawFile: POSIX calls, repeated until all is done.
 
-#include "embedded/store/RawFile.h"
+#include "embedded/base/RawFile.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -15,26 +16,45 @@
 
 #include "embedded/base/CaseError.h"
 
-namespace velto::store {
+namespace velto::base {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 std::string reason() { return std::generic_category().message(errno); }
+
+int flagsOf(RawFile::Mode mode) {
+  switch (mode) {
+    case RawFile::Mode::read:
+      return O_RDONLY;
+    case RawFile::Mode::readAndWrite:
+      return O_RDWR;
+    default:
+      return O_RDWR | O_CREAT | O_TRUNC;
+  }
+}
+
+constexpr mode_t kReadableByAll = 0666;  // less what the user masks
 
 }  // namespace
 
 RawFile::RawFile(const std::string& file, Mode mode, std::string shown)
     : shown_(std::move(shown)),
-      descriptor_(::open(file.c_str(), (mode == Mode::read ? O_RDONLY : O_RDWR) | O_CLOEXEC)) {
+      descriptor_(::open(file.c_str(), flagsOf(mode) | O_CLOEXEC, kReadableByAll)) {
   if (descriptor_ < 0) {
-    fail("cannot be opened");
+    fail(mode == Mode::create ? "cannot be made" : "cannot be opened");
   }
 }
 
-RawFile::~RawFile() { ::close(descriptor_); }
+RawFile::~RawFile() {
+  if (descriptor_ >= 0) {
+    ::close(descriptor_);
+  }
+}
 
 void RawFile::fail(const std::string& what) const {
-  throw base::CaseError(shown_ + ": " + what + ": " + reason());
+  throw CaseError(shown_ + ": " + what + ": " + reason());
 }
 
 std::uint64_t RawFile::size() const {
@@ -56,7 +76,7 @@ void RawFile::read(std::uint64_t offset, void* bytes, std::size_t size) const {
       fail("cannot be read at byte " + std::to_string(offset));
     }
     if (got == 0) {
-      throw base::CaseError(shown_ + ": ends before byte " + std::to_string(offset + size));
+      throw CaseError(shown_ + ": ends before byte " + std::to_string(offset + size));
     }
     next += got;
     offset += static_cast<std::uint64_t>(got);
@@ -86,16 +106,46 @@ void RawFile::sync() {
   }
 }
 
-void renameDurably(const std::string& from, const std::string& to) {
-  if (std::rename(from.c_str(), to.c_str()) != 0) {
-    throw base::CaseError(to + ": cannot take its name: " + reason());
-  }
-  const std::filesystem::path folder = std::filesystem::path(to).parent_path();
-  try {
-    RawFile(folder.empty() ? "." : folder.string(), RawFile::Mode::read, folder.string()).sync();
-  } catch (const base::CaseError&) {
-    // Not every file system can; the file itself is whole and in its place.
+void RawFile::close() {
+  if (::close(std::exchange(descriptor_, -1)) != 0) {
+    fail("cannot be closed");
   }
 }
 
-}  // namespace velto::store
+void requireFileName(const std::string& file) {
+  if (file.empty()) {
+    throw CaseError("no file name was given for what is to be written");
+  }
+  std::error_code ignored;
+  if (fs::is_directory(file, ignored)) {
+    throw CaseError(file + ": is a folder");
+  }
+}
+
+std::string nameBeside(const std::string& path, const std::string& kind) {
+  static std::atomic<unsigned> counter{0};
+  std::string name;
+  std::error_code ignored;
+  do {
+    name = path + "." + kind + "-" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
+  } while (fs::exists(fs::symlink_status(name, ignored)));
+  return name;
+}
+
+void syncFolder(const std::string& folder) {
+  const int descriptor =
+      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor >= 0) {
+    ::fsync(descriptor);
+    ::close(descriptor);
+  }
+}
+
+void renameDurably(const std::string& from, const std::string& to) {
+  if (std::rename(from.c_str(), to.c_str()) != 0) {
+    throw CaseError(to + ": cannot take its name: " + reason());
+  }
+  syncFolder(fs::path(to).parent_path());
+}
+
+}  // namespace velto::base
