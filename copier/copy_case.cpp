@@ -151,6 +151,7 @@ namespace {
 std::string currentTime() {
   const std::time_t now = std::time(nullptr);
   std::tm local = {};
+  tzset();  // as a change of the time zone asks for
   localtime_r(&now, &local);
   std::ostringstream text;
   text << std::put_time(&local, "%c");

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <iostream>
 #include <set>
-#include <string>
 #include <vector>
 
 #include "velto/OrvCopier.h"
@@ -18,11 +17,6 @@ namespace velto {
 
 namespace {
 
-/// A line on standard error about a node zone, its id between quotes.
-void warnOfZone(const std::string& before, int zone, const std::string& behind) {
-  std::cerr << "Warning: " << before << " '" << zone << "'" << behind << std::endl;
-}
-
 /// Whether a zone's values fit its number of nodes; where the table has no dimension, one is found
 /// that does.
 void judgeDelivered(int zone, std::uint64_t count, std::uint64_t dimension,
@@ -34,13 +28,14 @@ void judgeDelivered(int zone, std::uint64_t count, std::uint64_t dimension,
     } else if (delivered / 2 == count) {
       dimension = 2;
     } else {
-      warnOfZone("Unable to read coordinates for node zone", zone, "");
+      std::cerr << "Warning: Unable to read coordinates for node zone '" << zone << "'"
+                << std::endl;
       return;
     }
-    warnOfZone("Assuming zone", zone, " has dimension " + std::to_string(dimension));
+    std::cerr << "Warning: Assuming zone '" << zone << "' has dimension " << dimension << std::endl;
   }
   if (dimension * count != delivered) {
-    warnOfZone("Inconsistent size for node zone", zone, "");
+    std::cerr << "Warning: Inconsistent size for node zone '" << zone << "'" << std::endl;
   }
 }
 
