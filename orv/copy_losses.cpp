@@ -152,7 +152,8 @@ std::vector<std::string> whatHasNoPlace(const CaseSummary& summary, const CopyOp
     faces += mesh.faces;
   }
   add(Content::postTargets, posts != 0, counted(posts, "post target", "post targets"));
-  add(Content::faces, options.faces && faces != 0, counted(faces, "face", "faces"));
+  add(Content::faces, options.faces && faces != 0,
+      counted(faces, "face", "faces") + ", but for what they tell of cells");
   add(Content::locationModel, options.locationModel && summary.hasLocationModel,
       "the location model");
   const std::string kept = format.written.ownSettings;

@@ -51,9 +51,12 @@ bool openResults(const std::string& file, OrvFileProvider& provider) {
 void printMessages(OrvBase& side, const std::string& file) {
   const auto print = [&file](const char* kind, const std::string& text) {
     const std::size_t tab = text.find("\n\t");
-    const std::string words = tab == std::string::npos ? text : text.substr(tab + 2);
-    const bool namesFile = words.compare(0, file.size() + 1, file + ":") == 0;
-    std::cerr << kind << ": " << (namesFile ? "" : file + ": ") << words << std::endl;
+    std::string words = " " + (tab == std::string::npos ? text : text.substr(tab + 2));
+    const std::string name = " " + file + ":";  // once, in front, is enough
+    for (std::size_t at = words.find(name); at != std::string::npos; at = words.find(name)) {
+      words.erase(at, name.size());
+    }
+    std::cerr << kind << ": " << file << ":" << words << std::endl;
   };
   for (const std::string& text : side.getWarnings(true, true)) {
     print("Warning", text);

@@ -3,6 +3,7 @@
 // copyCase: nodes of faces and the cells on both sides.
 
 #include <gtest/gtest.h>
+#include <new>
 
 #include "embedded/base/shapes.h"
 #include "embedded/memory/CaseBuilder.h"

@@ -171,6 +171,69 @@ class Copies(OrvCopy):
         self.assertEqual([mesh["partition"] for mesh in info["meshes"]], [2])
 
 
+class OtherFormats(OrvCopy):
+    def test_an_openfoam_case_is_written_and_read_back(self):
+        self.sample("two-bodies", 60)
+        self.assertEqual(
+            self.orv("copy", "two-bodies.orv", "case/", "--no-settings")[0::2],
+            (0, "Warning: case/: zone 6 'fluid walls': written as patch 'fluid_walls'\n"
+                "Warning: case/: zone 8 'solid walls': written as patch 'solid_walls'\n"
+                "Warning: case/: zone 2 'fluid interior': written as face zone 'fluid_interior'\n"
+                "Warning: case/: zone 4 'solid interior': written as face zone "
+                "'solid_interior'\n"))
+        self.assertEqual(self.files(),
+                         [f"case/constant/polyMesh/{name}" for name in
+                          ("boundary", "cellZones", "faceZones", "faces", "neighbour", "owner",
+                           "points")] + ["two-bodies.orv"])
+        self.assertEqual(self.orv("check", "case", "--no-location-model"),
+                         (0, "case: sound (0 errors, 0 warnings)\n", ""))
+        of_sample, of_copy = [json.loads(self.orv("info", file, "--json")[1])["files"][0]["meshes"][0]
+                              for file in ("two-bodies.orv", "case")]
+        self.assertEqual(of_copy["sizes"], of_sample["sizes"])
+        self.assertEqual(sorted(zone["name"] for zone in of_copy["zones"][1:]),
+                         sorted(zone["name"].replace(" ", "_")
+                                for zone in of_sample["zones"][1:]))
+
+    def test_an_openfoam_case_can_be_text_or_packed(self):
+        self.sample("box", 60)
+        self.orv("copy", "box.orv", "case/")
+        kept = {}
+        for form, options in {"text": ["--text"], "packed": ["-c", "6"]}.items():
+            self.assertEqual(self.orv("copy", "case", form + "/", *options)[0], 0)
+            self.assertEqual(self.orv("copy", form, form + ".vtu")[0], 0)
+            kept[form] = (self.folder / (form + ".vtu")).read_bytes()
+        self.assertIn(b"format      ascii;",
+                      (self.folder / "text/constant/polyMesh/points").read_bytes())
+        self.assertTrue((self.folder / "packed/constant/polyMesh/points.gz").exists())
+        self.assertEqual(kept["text"], kept["packed"])
+
+    def test_a_grid_for_viewers_has_results(self):
+        self.sample("results", 60)
+        status, out, err = self.orv("copy", "results.orv", "grid.vtu", "--no-settings")
+        self.assertEqual(
+            (status, out, err),
+            (0, f"grid.vtu: 64 cells, {self.size('grid.vtu')}\n",
+             "Warning: grid.vtu: end of writing: variables of faces are left out: wall shear "
+             "stress\n"
+             f"orv: no place in vtu for: {self.faces('results.orv')} faces, but for what they tell "
+             "of cells\n"))
+        self.assertIn(b'Name="velocity"', (self.folder / "grid.vtu").read_bytes())
+
+    def test_what_a_format_has_no_place_for_is_told(self):
+        self.sample("physics", 60)
+        for destination, lines in {
+                "case/": ["  the location model", "  28 settings"],
+                "grid.vtu": [f"  {self.faces('physics.orv')} faces, but for what they tell of cells",
+                             "  the location model", "  28 settings"]}.items():
+            name = "vtu" if destination.endswith("vtu") else "openfoam"
+            plan = self.orv("copy", "physics.orv", destination, "--dry-run")[1].splitlines()
+            self.assertEqual(plan[plan.index(f"no place in {name} for") + 1:], lines)
+
+    def faces(self, file):
+        info = json.loads(self.orv("info", file, "--json")[1])
+        return info["files"][0]["meshes"][0]["sizes"]["faces"]
+
+
 class Plans(OrvCopy):
     def test_say_what_is_copied_and_what_is_lost(self):
         self.sample("periodic")
@@ -209,6 +272,36 @@ class Refusals(OrvCopy):
         self.assertEqual(
             self.refused("results.orv", "link-to.orv", "--force"),
             "orv: link-to.orvr: is the source itself, which is never written\n")
+
+    def test_of_the_source_folder(self):
+        self.sample("box")
+        self.orv("copy", "box.orv", "case/")
+        for source in ("case", "case/constant/polyMesh", "case/constant/polyMesh/owner"):
+            for destination in ("case/", "./case", "case/constant/polyMesh"):
+                err = self.refused(source, destination, "--force")
+                self.assertTrue(err.endswith("polyMesh: is the source itself, which is never "
+                                             "written\n"), err)
+
+    def test_of_verifying_what_cannot_be_compared(self):
+        self.sample("box")
+        for destination, name in {"case/": "openfoam", "grid.vtu": "vtu"}.items():
+            self.assertEqual(
+                self.refused("box.orv", destination, "--verify"),
+                "orv: --verify compares array by array, and the format "
+                f"{name} numbers its elements in a way of its own, or cannot be read\n")
+
+    def test_of_meshes_that_a_format_cannot_take(self):
+        self.sample("post")
+        self.assertEqual(self.refused("post.orv", "case/"),
+                         "orv: post.orv: holds no such target or partition of mesh 1, or none that "
+                         "this format can take\n")
+        self.sample("plane")
+        self.assertEqual(self.refused("plane.orv", "case/"),
+                         "Error: case/: end of writing: mesh 1: is of dimension 2, OpenFOAM meshes "
+                         "are of dimension 3\n"
+                         "Error: case/: end of writing: nothing was written because of the error "
+                         "before\n"
+                         "orv: case/: nothing was written\n")
 
     def test_of_what_is_there(self):
         self.sample("box")

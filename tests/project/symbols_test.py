@@ -47,12 +47,12 @@ STANDARD_CXX = re.compile(
     r"|_ZN[KVRO]*9__gnu_cxx"
     r"|_ZT[ISTVC]+(N?K?(St|S[absiod])|N10__cxxabiv1|P?K?[a-z]$)"
     r"|_Z(n[wa]|d[la])"                     # new and delete
-    r"|__cxa_|__gxx_personality_|_Unwind_")
+    r"|__cxa_|__dynamic_cast$|__gxx_personality_|_Unwind_")
 
 STANDARD_C = re.compile(
     r"mem\w+|str\w+|wmem\w+|wcs\w+|f(open|close|read|write|flush|puts|putc|printf)(64)?|is[a-z]+"
     r"|to(lower|upper)|v?s?n?printf|puts|putchar|malloc|calloc|realloc|free|abort|exit|atexit"
-    r"|time|clock|clock_gettime|localtime(_r)?|gmtime(_r)?|mktime"
+    r"|time|tzset|clock|clock_gettime|localtime(_r)?|gmtime(_r)?|mktime"
     r"|f?(abs|min|max|mod)f?|sqrt|floor|ceil|l?l?round"
     r"|__\w+_chk|__stack_chk_fail|__isoc\d+_\w+|__errno_location|__dso_handle|__tls_get_addr"
     r"|_GLOBAL_OFFSET_TABLE_|__gmon_start__|_ITM_\w+|__libc_single_threaded|__assert_fail"
