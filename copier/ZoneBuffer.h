@@ -24,6 +24,7 @@ class ZoneMemory {
     if (size > size_) {
       memory_.reset();
       size_ = 0;
+      // NOLINTNEXTLINE(modernize-make-unique): that would fill it with zeros.
       memory_.reset(new std::max_align_t[size / sizeof(std::max_align_t) + 1]);
       size_ = size;
     }

@@ -15,23 +15,6 @@ namespace velto::orv {
 
 namespace {
 
-const char* categoryWord(OrvZoneCategory category) {
-  switch (category) {
-    case zoneCategoryNode:
-      return "node";
-    case zoneCategoryFace:
-      return "face";
-    default:
-      return "cell";
-  }
-}
-
-std::size_t elementCount(OrvProvider& provider, int zone) {
-  std::uint64_t count = 0;
-  provider.getZoneSizeInfo(zone, zoneElementCount, count);
-  return static_cast<std::size_t>(count);
-}
-
 /// The lines of a text.
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -56,8 +39,7 @@ void CaseComparison::differs(const std::string& what) {
 void CaseComparison::select(const Selection& inSource, const Selection& inCopy) {
   orv::select(source_, inSource);
   orv::select(copy_, inCopy);
-  place_ = fmt::format("mesh {}, {}", inSource.mesh, targetWord(inSource.target));
-  place_ += inSource.partition == -1 ? ": " : fmt::format(" {}: ", inSource.partition);
+  place_ = wordsOf(inSource) + ": ";
   known_.clear();
   for (const OrvZoneCategory category : {zoneCategoryNode, zoneCategoryFace, zoneCategoryCell}) {
     std::vector<int> zones;

@@ -20,12 +20,6 @@ namespace velto::orv {
 
 namespace {
 
-std::uint64_t elementCount(OrvProvider& source, int zone) {
-  std::uint64_t count = 0;
-  source.getZoneSizeInfo(zone, zoneElementCount, count);
-  return count;
-}
-
 std::uint64_t coordinateBytes(OrvProvider& source) {
   std::vector<int> zones;
   source.beginNodeCoordinates(zones);

@@ -121,9 +121,7 @@ void CaseComparison::compareValues(OrvZoneCategory category, const std::string& 
   for (const int zone : zonesOf("'" + name + "'", listed)) {
     arrayBegins();
     const auto valuesOf = [zone](OrvProvider& provider, std::size_t valuesPerEntity) {
-      std::uint64_t count = 0;
-      provider.getZoneSizeInfo(zone, zoneElementCount, count);
-      std::vector<double> values(count * valuesPerEntity);
+      std::vector<double> values(elementCount(provider, zone) * valuesPerEntity);
       values.resize(
           std::min(values.size(), provider.readVariable(zone, values.data(), values.size())));
       return values;

@@ -18,11 +18,6 @@ namespace {
 
 using factory::Content;
 
-std::string placeOf(const Selection& at) {
-  return fmt::format("mesh {}, {}{}", at.mesh, targetWord(at.target),
-                     at.partition == -1 ? "" : fmt::format(" {}", at.partition));
-}
-
 bool hasFaceLink(const OrvProvider& source, int zone,
                  std::initializer_list<OrvFaceZoneInfoType> keys) {
   return std::any_of(keys.begin(), keys.end(), [&](OrvFaceZoneInfoType key) {
@@ -120,16 +115,16 @@ std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSum
     const Selection at = {mesh.mesh, mesh.target, mesh.partition};
     if (isPlanned(mesh, plan)) {
       select(source, at);
-      MeshLosses losses(source, placeOf(at), lines);
+      MeshLosses losses(source, wordsOf(at), lines);
       losses.addLinks(mesh);
       losses.addFamilies(format.written.keepsIds && mesh.target != targetRestart);
       if (options.results && !mesh.variables.empty() && plan.results.variables != 0 &&
           !hasPlannedResults(mesh, plan)) {
-        lines.push_back(placeOf(at) + ": its results; a copy carries those of one mesh");
+        lines.push_back(wordsOf(at) + ": its results; a copy carries those of one mesh");
       }
     } else if (options.mesh == 0 && options.target.empty() && options.partition == -1 &&
                mesh.target == targetRestart) {
-      lines.push_back(placeOf(at) + ": the mesh");
+      lines.push_back(wordsOf(at) + ": the mesh");
     }
   }
   return lines;

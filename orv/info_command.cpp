@@ -22,17 +22,6 @@ namespace velto::orv {
 
 namespace {
 
-const char* categoryWord(OrvZoneCategory category) {
-  switch (category) {
-    case zoneCategoryNode:
-      return "node";
-    case zoneCategoryFace:
-      return "face";
-    default:
-      return "cell";
-  }
-}
-
 std::string typeWord(const ZoneSummary& zone) {
   if (zone.category != zoneCategoryFace) {
     return "";

@@ -31,6 +31,17 @@ inline const char* targetWord(int target) {
   }
 }
 
+inline const char* categoryWord(OrvZoneCategory category) {
+  switch (category) {
+    case zoneCategoryNode:
+      return "node";
+    case zoneCategoryFace:
+      return "face";
+    default:
+      return "cell";
+  }
+}
+
 /// The word for a target on a command line, "" for an unknown one.
 inline const char* targetOption(int target) {
   switch (target) {
