@@ -316,7 +316,7 @@ void CaseComparison::compareModel(int mesh) {
     const std::string& line = i < a.size() ? a[i] : "nothing";
     const std::string& lineOfCopy = i < b.size() ? b[i] : "nothing";
     if (line != lineOfCopy) {
-      differs(line + " and " + lineOfCopy);
+      differs(fmt::format("{} and {}", line, lineOfCopy));
     }
   }
 }
@@ -333,8 +333,8 @@ void CaseComparison::compareSettings() {
       provider.getSettingsValue(dataClassCase, asked, value, OrvBase::_defaultSettingsPath);
       return value;
     };
-    compare(key, Both<std::string>(valueOf(source_, key),
-                                   valueOf(copy_, isBelow ? key : solverType + "/" + key)));
+    const std::string keyOfCopy = isBelow ? key : fmt::format("{}/{}", solverType, key);
+    compare(key, Both<std::string>(valueOf(source_, key), valueOf(copy_, keyOfCopy)));
   }
 }
 

@@ -47,10 +47,13 @@ void CaseComparison::compareArrays(const std::string& where, const std::string& 
   if (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(Value)) == 0) {
     return;
   }
+  const auto bitsOf = [](const std::vector<Value>& values, std::size_t i) {
+    return reinterpret_cast<const unsigned char*>(values.data()) + i * sizeof(Value);
+  };
   std::size_t count = 0;
   std::size_t first = 0;
   for (std::size_t i = a.size(); i-- > 0;) {
-    if (std::memcmp(&a[i], &b[i], sizeof(Value)) != 0) {
+    if (std::memcmp(bitsOf(a, i), bitsOf(b, i), sizeof(Value)) != 0) {
       ++count;
       first = i;
     }

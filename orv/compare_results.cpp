@@ -41,7 +41,7 @@ std::string attributes(OrvProvider& provider, Id id, NamesQuery namesQuery, Quer
     for (const std::string& name : names) {
       std::string value;
       if ((provider.*query)(id, name, value)) {
-        text += (text.empty() ? "" : ",") + name + "=" + value;
+        text += fmt::format("{}{}={}", text.empty() ? "" : ",", name, value);
       }
     }
   }

@@ -120,9 +120,12 @@ void addRegions(CLI::App& app, RegionsOptions& options) {
       std::string(kFooter));
 }
 
-/// A switch with an opposite: "--name" and "--no-name".
-void addSwitch(CLI::App* command, const std::string& name, bool& value, const std::string& what) {
-  command->add_flag("--" + name + ",!--no-" + name, value, what)->group("What is copied");
+/// "--no-<name>", which leaves out what is copied without it.
+void addOmission(CLI::App* command, const std::string& name, bool& value, const std::string& what) {
+  command
+      ->add_flag_callback(
+          "--no-" + name, [&value] { value = false; }, what)
+      ->group("What is left out");
 }
 
 void addCopy(CLI::App& app, CopyOptions& options) {
@@ -146,26 +149,29 @@ void addCopy(CLI::App& app, CopyOptions& options) {
       ->check(CLI::NonNegativeNumber);
   copy->add_option("--results", options.sourceResults,
                    "Copy the results in this file (default: those beside SOURCE)");
-  copy->add_flag("!--no-results", options.results, "Copy no results");
-  addSwitch(copy, "mesh-size", options.meshSize, "Sizes of the mesh");
-  addSwitch(copy, "units", options.units, "Units of the mesh");
-  addSwitch(copy, "zones", options.zones, "Tables of zones; without them no zone is copied");
-  addSwitch(copy, "nodes", options.nodes, "Coordinates of nodes");
-  addSwitch(copy, "cells", options.cells, "Cells at all");
-  addSwitch(copy, "cell-nodes", options.cellNodes, "Nodes of cells");
-  addSwitch(copy, "cell-types", options.cellTypes, "Types of cells");
-  addSwitch(copy, "cell-partitions", options.cellPartitions, "Partitions of cells");
-  addSwitch(copy, "faces", options.faces, "Faces at all");
-  addSwitch(copy, "face-nodes", options.faceNodes, "Nodes of faces");
-  addSwitch(copy, "face-cells", options.faceCells, "Cells on both sides of faces");
-  addSwitch(copy, "location-model", options.locationModel,
-            "Location model; one is built if there is none");
-  addSwitch(copy, "settings", options.settings, "Settings");
+  copy->add_flag_callback(
+      "--settings", [&options] { options.settings = true; }, "Copy the settings (the default)");
+  addOmission(copy, "results", options.results, "Results");
+  addOmission(copy, "settings", options.settings, "Settings");
+  addOmission(copy, "location-model", options.locationModel,
+              "The location model; one is built if there is none");
+  addOmission(copy, "mesh-size", options.meshSize, "Sizes of the mesh");
+  addOmission(copy, "units", options.units, "Units of the mesh");
+  addOmission(copy, "zones", options.zones, "Tables of zones; no zone is copied without");
+  addOmission(copy, "nodes", options.nodes, "Coordinates of nodes");
+  addOmission(copy, "cells", options.cells, "Cells at all");
+  addOmission(copy, "cell-nodes", options.cellNodes, "Nodes of cells");
+  addOmission(copy, "cell-types", options.cellTypes, "Types of cells");
+  addOmission(copy, "cell-partitions", options.cellPartitions, "Partitions of cells");
+  addOmission(copy, "faces", options.faces, "Faces at all");
+  addOmission(copy, "face-nodes", options.faceNodes, "Nodes of faces");
+  addOmission(copy, "face-cells", options.faceCells, "Cells on both sides of faces");
   copy->add_flag("-n,--dry-run", options.dryRun,
                  "Write nothing; say what would be copied, and what would be lost");
   copy->add_flag("--verify", options.verify, "Read the copy back and compare it array by array");
   copy->add_flag("-f,--force", options.force, "Replace what is there");
-  copy->add_flag("--keep-going", options.keepGoing, "Copy what can be read of a damaged case");
+  copy->add_flag("--keep-going", options.keepGoing,
+                 "Copy what can be read of a damaged case; exit status 1 then");
   copy->add_flag("-v,--verbose", options.verbose, "Print each step");
   copy->add_flag("--json", options.json, "Print one JSON document instead of text")
       ->excludes("--verbose");

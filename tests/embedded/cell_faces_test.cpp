@@ -15,8 +15,6 @@ namespace {
 using Ids = std::vector<std::uint64_t>;
 using Counts = std::vector<short>;
 
-const base::MeshKey kPost = {1, targetPost, -1};
-
 /// Writes a mesh with a face zone 2 of four faces and the cell zones 3 (cells 1 and 2) and 4 (cell
 /// 3), all polyhedra, and returns the cell faces that were derived.
 memory::ZoneList<memory::CountedData> derived(OrvTargetCategory target, const Ids& side0,
