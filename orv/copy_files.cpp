@@ -117,6 +117,13 @@ CopyFiles chooseFiles(const CopyOptions& options) {
   files.destinationResults = factory::resultsFileOf(options.destination);
   files.format =
       options.format.empty() ? formatOf(options.destination) : formatNamed(options.format);
+  const bool isWhole = options.meshSize && options.units && options.zones && options.nodes &&
+                       options.cells && options.cellNodes && options.cellTypes &&
+                       options.cellPartitions && options.faces && options.faceNodes &&
+                       options.faceCells;
+  if (options.verify && !isWhole) {
+    throw std::runtime_error("--verify compares all of a mesh, and some of it would be left out");
+  }
   if (options.verify &&
       !(files.format->written.keepsIds && files.format->makeProvider != nullptr)) {
     throw std::runtime_error(fmt::format(

@@ -293,6 +293,15 @@ class Refusals(OrvCopy):
                 "orv: --verify compares array by array, and the format "
                 f"{name} numbers its elements in a way of its own, or cannot be read\n")
 
+    def test_of_verifying_what_is_left_out(self):
+        self.sample("box")
+        for left_out in ("nodes", "faces", "cell-types", "units"):
+            self.assertEqual(
+                self.refused("box.orv", "copy.orv", "--verify", "--no-" + left_out),
+                "orv: --verify compares all of a mesh, and some of it would be left out\n")
+        self.assertEqual(self.orv("copy", "box.orv", "copy.orv", "--verify", "--no-settings",
+                                  "--no-location-model", "--no-results")[0], 0)
+
     def test_of_meshes_that_a_format_cannot_take(self):
         self.sample("post")
         self.assertEqual(self.refused("post.orv", "case/"),
