@@ -137,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(, Comparison, ::testing::ValuesIn(kRows),
 
 TEST(ComparedCases, TakesAValueThatIsNoNumberForEqualToItself) {
   const auto makeCase = [] {
-    const cases::CasePtr made = cases::oneHex();
+    cases::CasePtr made = cases::oneHex();
     change(made->arrays().nodeCoordinates[1], 0, std::numeric_limits<double>::quiet_NaN());
     return made;
   };
