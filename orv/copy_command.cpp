@@ -181,34 +181,44 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
   }
 }
 
+/// Copies, and verifies what was written if that is asked for.
+CopyOutcome carryOut(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& plan,
+                     const CopyOptions& options) {
+  const InterruptWatch watch;
+  Copying copying(source, files, plan, options);
+  CopyOutcome outcome;
+  outcome.isWritten = copying.run();
+  outcome.isWhole = !copying.sourceFailed();
+  outcome.isVerified = outcome.isWritten && options.verify && verify(source, files, plan, options);
+  return outcome;
+}
+
+ExitStatus statusOf(const CopyOutcome& outcome, bool isVerifyWanted) {
+  if (!outcome.isWritten || (isVerifyWanted && !outcome.isVerified)) {
+    return exitNotDone;
+  }
+  return outcome.isWhole ? exitSound : exitErrors;
+}
+
 }  // namespace
 
 int runCopy(const CopyOptions& options) {
-  CopyFiles files = chooseFiles(options);
+  const CopyFiles files = chooseFiles(options);
   const ProviderOwner source = openCase(files.source);
   if (!source || !openResults(files.sourceResults, *source)) {
     return exitNotDone;
   }
   const CaseSummary summary = summarise(files.source, *source);
   const CopyPlan plan = planCopy(*source, summary, options, *files.format);
-  CopyOutcome outcome;
-  if (!options.dryRun) {
-    const InterruptWatch watch;
-    Copying copying(*source, files, plan, options);
-    outcome.isWritten = copying.run();
-    outcome.isWhole = !copying.sourceFailed();
-    outcome.isVerified =
-        outcome.isWritten && options.verify && verify(*source, files, plan, options);
-  }
-  options.json ? printCopyJson(files, plan, options, outcome)
-               : printCopyText(files, plan, options, outcome);
+  const auto print = options.json ? printCopyJson : printCopyText;
   if (options.dryRun) {
+    printMessages(*source, files.source);
+    print(files, plan, options, {});
     return exitSound;
   }
-  if (!outcome.isWritten || (options.verify && !outcome.isVerified)) {
-    return exitNotDone;
-  }
-  return outcome.isWhole ? exitSound : exitErrors;
+  const CopyOutcome outcome = carryOut(*source, files, plan, options);
+  print(files, plan, options, outcome);
+  return statusOf(outcome, options.verify);
 }
 
 }  // namespace velto::orv

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "velto/OrvChecker.h"
+#include "velto/OrvCopier.h"
 #include "velto/PhysicsRegionResolver.h"
 
 #include "data_access/OrvFactory.h"
@@ -115,6 +116,18 @@ TEST(SecondLibrary, ResolverAsksIt) {
   int part = 0;
   model.createPart(0, "part", part);
   EXPECT_TRUE(resolver.resolveUsing(&model, provider));
+}
+
+// It writes no format, so that its factory gives a copier no destination.
+TEST(SecondLibrary, CopierAsksItsFactory) {
+  const TinyFile file("3");
+  velto::OrvFileProvider* provider = velto::getDataProvider(file.name());
+  const std::unique_ptr<velto::OrvFileIO> owner(provider);
+
+  velto::OrvCopier copier("");
+  copier.setSource(provider);
+  copier.setDestination(velto::fileFormatStore, "copy", "results");
+  EXPECT_FALSE(copier.copy());
 }
 
 TEST(SecondLibrary, LocationModelKeepsItsObjects) {
