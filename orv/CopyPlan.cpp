@@ -203,7 +203,7 @@ CopyPlan planCopy(OrvFileProvider& source, const CaseSummary& summary, const Cop
   plan.solverFormat = !options.solverFormat.empty() ? options.solverFormat
                       : summary.solverType.empty()  ? "VELTO_GENERIC"
                                                     : summary.solverType;
-  plan.leftBehind = whatIsLeftBehind(source, summary, plan, options, format);
+  plan.leftBehind = whatIsLeftBehind(source, summary, plan, options);
   plan.noPlace = whatHasNoPlace(summary, options, format);
   return plan;
 }

@@ -62,8 +62,9 @@ class MeshLosses {
     add("the periodic property of face zones", withProperty);
   }
 
-  void addFamilies(bool derivesCellFaces) {
-    if (!derivesCellFaces || listZones(source_, kFaceCell0).empty()) {
+  void addFamilies(bool isForViewers) {
+    // For viewers they follow from the cells beside the faces.
+    if (!isForViewers || listZones(source_, kFaceCell0).empty()) {
       add("the faces that cells list, of cell zones", listZones(source_, kCellFaces));
     }
     std::vector<int> shadows;
@@ -108,8 +109,7 @@ bool holds(const factory::Format& format, Content content) {
 }
 
 std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSummary& summary,
-                                          const CopyPlan& plan, const CopyOptions& options,
-                                          const factory::Format& format) {
+                                          const CopyPlan& plan, const CopyOptions& options) {
   std::vector<std::string> lines;
   for (const MeshSummary& mesh : summary.meshes) {
     const Selection at = {mesh.mesh, mesh.target, mesh.partition};
@@ -117,7 +117,7 @@ std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSum
       select(source, at);
       MeshLosses losses(source, wordsOf(at), lines);
       losses.addLinks(mesh);
-      losses.addFamilies(format.written.keepsIds && mesh.target != targetRestart);
+      losses.addFamilies(mesh.target != targetRestart);
       if (options.results && !mesh.variables.empty() && plan.results.variables != 0 &&
           !hasPlannedResults(mesh, plan)) {
         lines.push_back(wordsOf(at) + ": its results; a copy carries those of one mesh");

@@ -18,8 +18,7 @@ bool holds(const factory::Format& format, factory::Content content);
 /// What no copy carries of the planned meshes, and which meshes and results are not planned. The
 /// selection of `source` changes.
 std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSummary& summary,
-                                          const CopyPlan& plan, const CopyOptions& options,
-                                          const factory::Format& format);
+                                          const CopyPlan& plan, const CopyOptions& options);
 
 /// What the copy would carry and the destination cannot hold.
 std::vector<std::string> whatHasNoPlace(const CaseSummary& summary, const CopyOptions& options,

@@ -244,6 +244,18 @@ class Plans(OrvCopy):
                          (0, PERIODIC_PLAN, ""))
         self.assertEqual(self.files(), ["periodic.orv"])
 
+    def test_name_what_no_copy_carries(self):
+        for defect, line in {"face-child": "the hierarchy of zones 5",
+                             "cell-child": "the hierarchy of zones 8"}.items():
+            self.orv("sample", "--defect", defect, "damaged.orv", "-f")
+            plan = self.orv("copy", "damaged.orv", "copy.orv", "--dry-run")[1].splitlines()
+            self.assertEqual(plan[plan.index("no copy carries") + 1:], ["  mesh 1, post: " + line])
+
+    def test_know_that_faces_of_polyhedra_are_found_again(self):
+        self.sample("polyhedra", 60)
+        plan = self.orv("copy", "polyhedra.orv", "copy.orv", "--dry-run")[1]
+        self.assertFalse("no copy carries" in plan, plan)
+
     def test_fit_their_schema(self):
         self.sample("results")
         for arguments in ([], ["--dry-run"], ["-f", "--verify"]):
