@@ -55,9 +55,10 @@ struct RegionsOptions {
 struct CopyOptions {
   std::string source;
   std::string destination;
-  std::string format;         ///< "" for the one that the name of the destination tells.
-  std::string solverFormat;   ///< "" for that of the source.
-  std::string sourceResults;  ///< The results of the source; "" for those beside it.
+  std::string format;              ///< "" for the one that the name of the destination tells.
+  std::string solverFormat;        ///< "" for that of the source.
+  std::string sourceResults;       ///< The results of the source; "" for those beside it.
+  std::string destinationResults;  ///< Where results go; "" for beside the destination.
   unsigned compression = 0;
   bool text = false;
   int mesh = 0;  ///< 0 for the only one.
