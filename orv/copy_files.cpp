@@ -114,7 +114,9 @@ CopyFiles chooseFiles(const CopyOptions& options) {
         options.sourceResults.empty() ? resultsBeside(options.source) : options.sourceResults;
   }
   files.destination = options.destination;
-  files.destinationResults = factory::resultsFileOf(options.destination);
+  files.destinationResults = options.destinationResults.empty()
+                                 ? factory::resultsFileOf(options.destination)
+                                 : options.destinationResults;
   files.format =
       options.format.empty() ? formatOf(options.destination) : formatNamed(options.format);
   const bool isWhole = options.meshSize && options.units && options.zones && options.nodes &&

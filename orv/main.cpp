@@ -149,6 +149,8 @@ void addCopy(CLI::App& app, CopyOptions& options) {
       ->check(CLI::NonNegativeNumber);
   copy->add_option("--results", options.sourceResults,
                    "Copy the results in this file (default: those beside SOURCE)");
+  copy->add_option("--results-to", options.destinationResults,
+                   "Write results to this file (default: beside DESTINATION)");
   copy->add_flag_callback(
       "--settings", [&options] { options.settings = true; }, "Copy the settings (the default)");
   addOmission(copy, "results", options.results, "Results");

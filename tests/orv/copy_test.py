@@ -159,6 +159,16 @@ class Copies(OrvCopy):
         self.assertEqual(self.files(),
                          ["copy.orv", "copy.orvr", "of-monday.orvr", "results.orv"])
 
+    def test_put_results_where_they_are_told_to(self):
+        self.sample("results")
+        status, out, err = self.orv("copy", "results.orv", "copy.orv", "--results-to", "flow.orvr",
+                                    "--verify")
+        self.assertEqual((status, out, err),
+                         (0, f"copy.orv: 8 cells, {self.size('copy.orv')}, same as its source\n"
+                             f"flow.orvr: results, {self.size('flow.orvr')}, same as its source\n",
+                          ""))
+        self.assertEqual(self.files(), ["copy.orv", "flow.orvr", "results.orv", "results.orvr"])
+
     def test_print_their_steps_on_demand(self):
         self.sample("box")
         status, out, err = self.orv("copy", "box.orv", "copy.orv", "-v")
