@@ -91,6 +91,9 @@ std::vector<fs::path> read(const CopyFiles& files) {
 }
 
 void refuseToOverwrite(const CopyFiles& files, bool force) {
+  if (isSame(files.destination, files.destinationResults)) {
+    throw std::runtime_error(files.destination + ": cannot hold a case and its results both");
+  }
   for (const fs::path& file : replaced(files)) {
     for (const fs::path& other : read(files)) {
       if (isSame(file, other)) {

@@ -298,6 +298,14 @@ class Refusals(OrvCopy):
             self.refused("results.orv", "link-to.orv", "--force"),
             "orv: link-to.orvr: is the source itself, which is never written\n")
 
+    def test_of_results_in_the_file_of_the_case(self):
+        self.sample("results")
+        self.assertEqual(self.refused("results.orv", "copy.orv", "--results-to", "./copy.orv"),
+                         "orv: copy.orv: cannot hold a case and its results both\n")
+        self.assertEqual(self.refused("results.orv", "copy.orv", "--results-to", "results.orvr",
+                                      "--force"),
+                         "orv: results.orvr: is the source itself, which is never written\n")
+
     def test_of_the_source_folder(self):
         self.sample("box")
         self.orv("copy", "box.orv", "case/")
