@@ -60,8 +60,8 @@ const factory::Format* formatOf(const std::string& destination) {
 /// Whether both names stand for one file or folder, be it there or not.
 bool isSame(const fs::path& a, const fs::path& b) {
   std::error_code ignored;
-  return fs::equivalent(a, b, ignored) ||
-         fs::weakly_canonical(a, ignored) == fs::weakly_canonical(b, ignored);
+  return fs::equivalent(a, b, ignored) || fs::weakly_canonical(fs::absolute(a), ignored) ==
+                                              fs::weakly_canonical(fs::absolute(b), ignored);
 }
 
 /// What writing replaces.
