@@ -137,13 +137,13 @@ void copyPartitionsOfZones(const Route& route, const MappedZones& zones) {
 
 // --- Cells beside the faces ---------------------------------------------------------------------
 
-void copySideOfZones(const Route& route, const SideFamily& side, const MappedZones& zones) {
+void copySideOfZones(const Route& route, const SideWriteFamily& side, const MappedZones& zones) {
   (route.destination.*side.begin)(zones.destination);
   for (std::size_t i = 0; i < zones.size(); ++i) {
     const std::uint64_t count = elementCountOf(route.source, zones.source[i]);
     if (count != 0) {
       ZoneBuffer<std::uint64_t> cells(route.memory, count);
-      (route.source.*side.readCells)(zones.source[i], cells.data(), cells.size());
+      (route.source.*side.read.readCells)(zones.source[i], cells.data(), cells.size());
       (route.destination.*side.writeCells)(zones.destination[i], cells.data(), cells.size());
     }
   }
@@ -175,7 +175,7 @@ void copyCellPartitions(const Route& route) {
 }
 
 void copyFaceParents(const Route& route) {
-  for (const SideFamily& side : kSides) {
+  for (const SideWriteFamily& side : kWriteSides) {
     std::vector<int> listed;
     (route.source.*side.read.begin)(listed);
     if (!listed.empty()) {

@@ -54,20 +54,19 @@ inline constexpr CountedWriteFamily kWriteFaceNodes = {
     &OrvConsumer::endFaceNodeIds,
     &OrvConsumer::endFaceNodes};
 
-/// One side of the faces: a cell id a face.
-struct SideFamily {
-  const ReadFamily& read;
-  void (OrvProvider::*readCells)(int zoneId, std::uint64_t* cellIds, std::size_t n);
+/// Writes one side of the faces.
+struct SideWriteFamily {
+  const SideReadFamily& read;
   void (OrvConsumer::*begin)(const std::vector<int>& zoneIds);
   void (OrvConsumer::*writeCells)(int zoneId, const std::uint64_t* cellIds, std::size_t n);
   void (OrvConsumer::*end)();
 };
 
-inline constexpr SideFamily kSides[] = {
-    {kFaceCell0, &OrvProvider::readFaceCell0, &OrvConsumer::beginFaceCell0,
-     &OrvConsumer::writeFaceCell0, &OrvConsumer::endFaceCell0},
-    {kFaceCell1, &OrvProvider::readFaceCell1, &OrvConsumer::beginFaceCell1,
-     &OrvConsumer::writeFaceCell1, &OrvConsumer::endFaceCell1}};
+inline constexpr SideWriteFamily kWriteSides[] = {
+    {kFaceCell0, &OrvConsumer::beginFaceCell0, &OrvConsumer::writeFaceCell0,
+     &OrvConsumer::endFaceCell0},
+    {kFaceCell1, &OrvConsumer::beginFaceCell1, &OrvConsumer::writeFaceCell1,
+     &OrvConsumer::endFaceCell1}};
 
 }  // namespace velto
 

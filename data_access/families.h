@@ -31,6 +31,11 @@ struct CountedReadFamily : ReadFamily {
   void (OrvProvider::*endIds)();
 };
 
+/// One side of the faces: a cell id a face.
+struct SideReadFamily : ReadFamily {
+  void (OrvProvider::*readCells)(int zoneId, std::uint64_t* cellIds, std::size_t n);
+};
+
 inline constexpr CountedReadFamily kFaceNodes = {
     {&OrvProvider::beginFaceNodes, &OrvProvider::endFaceNodes},
     &OrvProvider::beginFaceNodeCounts,
@@ -61,8 +66,10 @@ inline constexpr CountedReadFamily kCellFaces = {
     &OrvProvider::readCellFaceIds,
     &OrvProvider::endCellFaceIds};
 
-inline constexpr ReadFamily kFaceCell0 = {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0};
-inline constexpr ReadFamily kFaceCell1 = {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1};
+inline constexpr SideReadFamily kFaceCell0 = {
+    {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0}, &OrvProvider::readFaceCell0};
+inline constexpr SideReadFamily kFaceCell1 = {
+    {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1}, &OrvProvider::readFaceCell1};
 
 /// The length of a zone's list where all its elements have `count` ids. Exact.
 inline std::int64_t uniformListLength(short count, std::uint64_t elementCount) {

@@ -59,11 +59,8 @@ void CaseComparison::compareMesh(const Selection& inSource, const Selection& inC
   compareCellTypes();
   comparePartitions();
   compareCounted("face", kFaceNodes);
-  static const SideFamily kSides[] = {{"cells on side 0", kFaceCell0, &OrvProvider::readFaceCell0},
-                                      {"cells on side 1", kFaceCell1, &OrvProvider::readFaceCell1}};
-  for (const SideFamily& side : kSides) {
-    compareSide(side);
-  }
+  compareSide("cells on side 0", kFaceCell0);
+  compareSide("cells on side 1", kFaceCell1);
 }
 
 // --- Tables --------------------------------------------------------------------------------------
@@ -239,22 +236,22 @@ void CaseComparison::compareCounted(const std::string& element, const CountedRea
   call(family.end);
 }
 
-void CaseComparison::compareSide(const SideFamily& side) {
-  const std::vector<int> zones = zonesOf(side.what, both([&side](OrvProvider& provider) {
+void CaseComparison::compareSide(const std::string& what, const SideReadFamily& side) {
+  const std::vector<int> zones = zonesOf(what, both([&side](OrvProvider& provider) {
                                            std::vector<int> listed;
-                                           (provider.*side.family.begin)(listed);
+                                           (provider.*side.begin)(listed);
                                            return listed;
                                          }));
   for (const int zone : zones) {
     arrayBegins();
-    compareArrays("face " + label(zone), side.what, both([&](OrvProvider& provider) {
+    compareArrays("face " + label(zone), what, both([&](OrvProvider& provider) {
                     std::vector<std::uint64_t> cells(elementCount(provider, zone));
-                    (provider.*side.read)(zone, cells.data(), cells.size());
+                    (provider.*side.readCells)(zone, cells.data(), cells.size());
                     return cells;
                   }));
   }
-  (source_.*side.family.end)();
-  (copy_.*side.family.end)();
+  (source_.*side.end)();
+  (copy_.*side.end)();
 }
 
 void CaseComparison::compareCellTypes() {

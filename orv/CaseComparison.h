@@ -59,13 +59,6 @@ class CaseComparison {
   template <class Thing>
   using Both = std::pair<Thing, Thing>;
 
-  /// One side of the faces.
-  struct SideFamily {
-    const char* what;
-    const ReadFamily& family;
-    void (OrvProvider::*read)(int zoneId, std::uint64_t* cellIds, std::size_t n);
-  };
-
   void select(const Selection& inSource, const Selection& inCopy);
   void differs(const std::string& what);
 
@@ -88,7 +81,7 @@ class CaseComparison {
   void compareZone(OrvZoneCategory category, int zone);
   void compareCoordinates();
   void compareCounted(const std::string& element, const CountedReadFamily& family);
-  void compareSide(const SideFamily& side);
+  void compareSide(const std::string& what, const SideReadFamily& side);
   void compareCellTypes();
   void comparePartitions();
 
