@@ -21,6 +21,10 @@ struct Selection {
   int mesh = 1;
   int target = targetRestart;
   int partition = -1;
+
+  friend bool operator==(const Selection& a, const Selection& b) {
+    return a.mesh == b.mesh && a.target == b.target && a.partition == b.partition;
+  }
 };
 
 /// "mesh 1, partitioned post 3".

@@ -50,7 +50,7 @@ class MeshLosses {
               : zone.category == zoneCategoryCell && hasChild(source_, zone.id)) {
         inTree.push_back(zone.id);
       }
-      if (isFaceZone && hasFaceLink(source_, zone.id, {faceZoneShadow})) {
+      if (zone.shadow != 0) {
         withShadow.push_back(zone.id);
       }
       if (isFaceZone && source_.getFaceZoneProp(zone.id, faceZonePeriodic)) {
@@ -86,21 +86,6 @@ class MeshLosses {
   std::vector<std::string>& lines_;
 };
 
-bool isPlanned(const MeshSummary& mesh, const CopyPlan& plan) {
-  return std::any_of(plan.meshes.begin(), plan.meshes.end(), [&mesh](const PlannedMesh& planned) {
-    const Selection& at = planned.inSource;
-    return at.mesh == mesh.mesh && at.target == mesh.target && at.partition == mesh.partition;
-  });
-}
-
-bool hasPlannedResults(const MeshSummary& mesh, const CopyPlan& plan) {
-  if (plan.results.variables == 0) {
-    return false;
-  }
-  const Selection& at = plan.meshes[plan.results.mesh].inSource;
-  return at.mesh == mesh.mesh && at.target == mesh.target && at.partition == mesh.partition;
-}
-
 }  // namespace
 
 bool holds(const factory::Format& format, Content content) {
@@ -113,13 +98,16 @@ std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSum
   std::vector<std::string> lines;
   for (const MeshSummary& mesh : summary.meshes) {
     const Selection at = {mesh.mesh, mesh.target, mesh.partition};
-    if (isPlanned(mesh, plan)) {
+    const bool isPlanned =
+        std::any_of(plan.meshes.begin(), plan.meshes.end(),
+                    [&at](const PlannedMesh& planned) { return planned.inSource == at; });
+    if (isPlanned) {
       select(source, at);
       MeshLosses losses(source, wordsOf(at), lines);
       losses.addLinks(mesh);
       losses.addFamilies(mesh.target != targetRestart);
       if (options.results && !mesh.variables.empty() && plan.results.variables != 0 &&
-          !hasPlannedResults(mesh, plan)) {
+          !(at == plan.meshes[plan.results.mesh].inSource)) {
         lines.push_back(wordsOf(at) + ": its results; a copy carries those of one mesh");
       }
     } else if (options.mesh == 0 && options.target.empty() && options.partition == -1 &&
