@@ -4,6 +4,8 @@
 
 #include "factory/formats.h"
 
+#include <algorithm>
+
 #include "data_access/OrvFactory.h"
 
 #include "embedded/memory/MemoryConsumer.h"
@@ -13,6 +15,7 @@
 #include "formats/openfoam/OpenFoamConsumer.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
+#include "formats/openfoam/target_folders.h"
 #include "formats/vtu/VtuConsumer.h"
 
 namespace velto {
@@ -26,6 +29,34 @@ Interface* make() {
   return new Object;
 }
 
+// --- What names stand for: a file itself, or the mesh folders of a case
+// ----------------------------
+
+std::vector<std::string> fileRead(const std::string& name) { return {name}; }
+
+std::vector<std::string> fileWritten(const std::string& name, const std::set<int>& /*partitions*/) {
+  return {name};
+}
+
+std::vector<std::string> foamFoldersRead(const std::string& name) {
+  const std::vector<openfoam::MeshFolder> found = openfoam::meshFolders(name);
+  std::vector<std::string> folders(found.size());
+  std::transform(found.begin(), found.end(), folders.begin(),
+                 [](const openfoam::MeshFolder& folder) { return folder.path; });
+  return folders;
+}
+
+std::vector<std::string> foamFoldersWritten(const std::string& name,
+                                            const std::set<int>& partitions) {
+  std::vector<std::string> folders;
+  folders.reserve(partitions.size());
+  for (const int partition : partitions) {
+    folders.push_back(partition < 0 ? openfoam::polyMeshFolder(name)
+                                    : openfoam::polyMeshFolder(name, partition));
+  }
+  return folders;
+}
+
 }  // namespace
 
 const std::vector<Format>& formats() {
@@ -37,9 +68,12 @@ const std::vector<Format>& formats() {
        "mesh, zones, partitions",
        "mesh, zones, partitions",
        openfoam::holdsMesh,
+       foamFoldersRead,
        make<openfoam::OpenFoamProvider, OrvFileProvider>,
        make<openfoam::OpenFoamConsumer, OrvFileConsumer>,
        {"",
+        foamFoldersWritten,
+        false,
         {Content::postTargets, Content::locationModel, Content::settings, Content::results},
         "openfoam/",
         false}},
@@ -50,9 +84,10 @@ const std::vector<Format>& formats() {
        "everything",
        "everything",
        store::isStore,
+       fileRead,
        make<store::StoreProvider, OrvFileProvider>,
        make<store::StoreConsumer, OrvFileConsumer>,
-       {store::kCaseEnding, {}, "", true}},
+       {store::kCaseEnding, fileWritten, true, {}, "", true}},
       {fileFormatVtu,
        "vtu",
        "VTK unstructured grid, for ParaView and PyVista",
@@ -61,23 +96,34 @@ const std::vector<Format>& formats() {
        "mesh, zones, results",
        nullptr,
        nullptr,
+       nullptr,
        make<vtu::VtuConsumer, OrvFileConsumer>,
-       {".vtu", {Content::faces, Content::locationModel, Content::settings}, "", false}},
+       {".vtu",
+        fileWritten,
+        false,
+        {Content::faces, Content::locationModel, Content::settings},
+        "",
+        false}},
       {fileFormatMemory, "memory", "a case in memory, for programs", "none", "", "everything",
-       nullptr, nullptr, make<memory::MemoryConsumer, OrvFileConsumer>},
+       nullptr, nullptr, nullptr, make<memory::MemoryConsumer, OrvFileConsumer>},
   };
   return kFormats;
+}
+
+const Format* formatOf(const std::string& fileName) {
+  for (const Format& format : formats()) {
+    if (format.recognises != nullptr && format.recognises(fileName)) {
+      return &format;
+    }
+  }
+  return nullptr;
 }
 
 }  // namespace factory
 
 OrvFileProvider* getDataProvider(const std::string& fileName) {
-  for (const factory::Format& format : factory::formats()) {
-    if (format.recognises != nullptr && format.recognises(fileName)) {
-      return format.makeProvider();
-    }
-  }
-  return nullptr;
+  const factory::Format* format = factory::formatOf(fileName);
+  return format == nullptr ? nullptr : format->makeProvider();
 }
 
 OrvFileConsumer* getDataConsumer(OrvFileFormatType format) {

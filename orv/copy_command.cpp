@@ -42,6 +42,10 @@ class Copying {
         destination_(getDataConsumer(files.format->type)) {
     destination_->setFileName(files.destination, dataClassCase);
     destination_->setFileName(files.destinationResults, dataClassResults);
+    destination_->setCompression(options.compression);
+    if (options.text) {
+      destination_->setMode(1);
+    }
   }
 
   /// False, and said why on standard error, if not all of it is where it should be.
@@ -60,8 +64,6 @@ class Copying {
     copier.setSource(&source_);
     copier.setDestination(destination_.get());
     copier.setDestinationSolverFormat(plan_.solverFormat);
-    copier.setCompression(options_.compression);
-    copier.setMode(options_.text);
     copier.setVerbose(options_.verbose);
     copier.copyMeshSizeToDestination(options_.meshSize);
     copier.copyMeshUnitsToDestination(options_.units);
@@ -76,7 +78,6 @@ class Copying {
   }
 
   void carryCase() {
-    destination_->setCompression(options_.compression);
     destination_->startWriting(dataClassCase);
     bool isFirst = true;
     for (const PlannedMesh& mesh : plan_.meshes) {
@@ -203,13 +204,14 @@ ExitStatus statusOf(const CopyOutcome& outcome, bool isVerifyWanted) {
 }  // namespace
 
 int runCopy(const CopyOptions& options) {
-  const CopyFiles files = chooseFiles(options);
+  CopyFiles files = chooseFiles(options);
   const ProviderOwner source = openCase(files.source);
   if (!source || !openResults(files.sourceResults, *source)) {
     return exitNotDone;
   }
   const CaseSummary summary = summarise(files.source, *source);
   const CopyPlan plan = planCopy(*source, summary, options, *files.format);
+  settleFiles(files, plan, options);
   const auto print = options.json ? printCopyJson : printCopyText;
   if (options.dryRun) {
     printMessages(*source, files.source);

@@ -4,9 +4,9 @@
 
 #include "orv/copy_files.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
+#include <set>
 #include <stdexcept>
 
 #include "factory/file_names.h"
@@ -42,7 +42,7 @@ const factory::Format* formatNamed(const std::string& name) {
 }
 
 /// The format that the name of a destination tells: by its ending, or the one of folders.
-const factory::Format* formatOf(const std::string& destination) {
+const factory::Format* formatToWrite(const std::string& destination) {
   const fs::path path(destination);
   const bool isFolder = fs::is_directory(path) || !path.has_filename();
   for (const factory::Format* format : writableFormats()) {
@@ -64,47 +64,44 @@ bool isSame(const fs::path& a, const fs::path& b) {
                                               fs::weakly_canonical(fs::absolute(b), ignored);
 }
 
-/// What writing replaces.
-std::vector<fs::path> replaced(const CopyFiles& files) {
-  const fs::path destination(files.destination);
-  if (!std::string(files.format->written.ending).empty()) {
-    return {destination, files.destinationResults};
-  }
-  return {destination.filename() == "polyMesh" ? destination
-                                               : destination / "constant" / "polyMesh"};
-}
-
-/// What is read: for a folder, or a file in one, also what it stands for.
-std::vector<fs::path> read(const CopyFiles& files) {
-  const fs::path source(files.source);
-  std::vector<fs::path> all = {source};
-  if (fs::is_directory(source)) {
-    all.push_back(source / "polyMesh");
-    all.push_back(source / "constant" / "polyMesh");
+/// What is read for a source, which need not be there.
+std::vector<std::string> placesRead(const CopyFiles& files) {
+  const factory::Format* format = factory::formatOf(files.source);
+  std::vector<std::string> places;
+  if (format == nullptr) {
+    places.push_back(files.source);
   } else {
-    all.push_back(fs::absolute(source).parent_path());
+    places = format->placesOf(files.source);
   }
   if (!files.sourceResults.empty()) {
-    all.emplace_back(files.sourceResults);
+    places.push_back(files.sourceResults);
   }
-  return all;
+  return places;
 }
 
-void refuseToOverwrite(const CopyFiles& files, bool force) {
-  if (isSame(files.destination, files.destinationResults)) {
-    throw std::runtime_error(files.destination + ": cannot hold a case and its results both");
-  }
-  for (const fs::path& file : replaced(files)) {
-    for (const fs::path& other : read(files)) {
-      if (isSame(file, other)) {
-        throw std::runtime_error(file.string() + ": is the source itself, which is never written");
+/// Refuses to write onto the source and, without being told to, onto what is there.
+void judgePlaces(const CopyFiles& files, const std::vector<std::string>& places, bool force) {
+  const std::vector<std::string> source = placesRead(files);
+  for (const std::string& place : places) {
+    for (const std::string& read : source) {
+      if (isSame(place, read)) {
+        throw std::runtime_error(place + ": is the source itself, which is never written");
       }
     }
     std::error_code ignored;
-    if (!force && fs::exists(file, ignored)) {
-      throw std::runtime_error(file.string() + ": is there already; --force replaces it");
+    if (!force && fs::exists(place, ignored)) {
+      throw std::runtime_error(place + ": is there already; --force replaces it");
     }
   }
+}
+
+std::vector<std::string> placesWritten(const CopyFiles& files, const std::set<int>& partitions,
+                                       bool withResults) {
+  std::vector<std::string> places = files.format->written.placesOf(files.destination, partitions);
+  if (withResults && files.format->written.hasResultsFile) {
+    places.push_back(files.destinationResults);
+  }
+  return places;
 }
 
 }  // namespace
@@ -121,7 +118,7 @@ CopyFiles chooseFiles(const CopyOptions& options) {
                                  ? factory::resultsFileOf(options.destination)
                                  : options.destinationResults;
   files.format =
-      options.format.empty() ? formatOf(options.destination) : formatNamed(options.format);
+      options.format.empty() ? formatToWrite(options.destination) : formatNamed(options.format);
   const bool isWhole = options.meshSize && options.units && options.zones && options.nodes &&
                        options.cells && options.cellNodes && options.cellTypes &&
                        options.cellPartitions && options.faces && options.faceNodes &&
@@ -136,20 +133,20 @@ CopyFiles chooseFiles(const CopyOptions& options) {
         "own, or cannot be read",
         files.format->name));
   }
-  refuseToOverwrite(files, options.force);
+  if (isSame(files.destination, files.destinationResults)) {
+    throw std::runtime_error(files.destination + ": cannot hold a case and its results both");
+  }
+  judgePlaces(files, placesWritten(files, {-1}, true), options.force);
   return files;
 }
 
-std::vector<std::string> writtenFiles(const CopyFiles& files, const CopyPlan& plan) {
-  std::vector<std::string> written;
-  for (const fs::path& file : replaced(files)) {
-    std::error_code ignored;
-    if ((file != files.destinationResults || plan.results.variables != 0) &&
-        fs::exists(file, ignored)) {
-      written.push_back(file.string());
-    }
+void settleFiles(CopyFiles& files, const CopyPlan& plan, const CopyOptions& options) {
+  std::set<int> partitions;
+  for (const PlannedMesh& mesh : plan.meshes) {
+    partitions.insert(mesh.inCopy.partition);
   }
-  return written;
+  files.written = placesWritten(files, partitions, plan.results.variables != 0);
+  judgePlaces(files, files.written, options.force);
 }
 
 }  // namespace velto::orv

@@ -20,15 +20,17 @@ struct CopyFiles {
   std::string destination;
   std::string destinationResults;
   const factory::Format* format = nullptr;
+  /// The files or mesh folders that the copy writes.
+  std::vector<std::string> written;
 };
 
-/// Decides on all of it. Throws std::runtime_error, with a reason for the user, if the format is
-/// not known or cannot be written, or if the copy would write onto its source or, without being
-/// told to, onto files that are there.
+/// Decides on names and format, before anything is read. Throws std::runtime_error, with a reason
+/// for the user, if the format is not known or cannot be written, or if a copy without partitions
+/// would write onto its source or, without being told to, onto files that are there.
 CopyFiles chooseFiles(const CopyOptions& options);
 
-/// The files or the folder that a copy wrote.
-std::vector<std::string> writtenFiles(const CopyFiles& files, const CopyPlan& plan);
+/// Judges the same of what the plan has written, and keeps it in `files.written`.
+void settleFiles(CopyFiles& files, const CopyPlan& plan, const CopyOptions& options);
 
 }  // namespace velto::orv
 

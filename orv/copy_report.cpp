@@ -136,7 +136,7 @@ void printCopyText(const CopyFiles& files, const CopyPlan& plan, const CopyOptio
   printLines(std::cerr, "orv: not carried by a copy: ", plan.leftBehind);
   printLines(std::cerr, fmt::format("orv: no place in {} for: ", files.format->name), plan.noPlace);
   std::cerr << std::flush;
-  for (const std::string& file : writtenFiles(files, plan)) {
+  for (const std::string& file : files.written) {
     const bool isResults = file == files.destinationResults;
     std::cout << fmt::format(
         "{}: {}, {}{}\n", file, isResults ? "results" : counted(cellsOf(plan), "cell", "cells"),
@@ -153,7 +153,7 @@ void printCopyJson(const CopyFiles& files, const CopyPlan& plan, const CopyOptio
   }
   nlohmann::ordered_json written = nlohmann::ordered_json::array();
   if (outcome.isWritten) {
-    for (const std::string& file : writtenFiles(files, plan)) {
+    for (const std::string& file : files.written) {
       written.push_back({{"file", file}, {"bytes", bytesOf(file)}});
     }
   }

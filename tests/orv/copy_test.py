@@ -77,6 +77,12 @@ class OrvCopy(unittest.TestCase):
         self.assertEqual(self.orv("sample", name, file, "-n", cells)[0], 0)
         return file
 
+    def decomposed(self, folder):
+        """A case folder with the meshes of two processors."""
+        for processor in ("processor0", "processor1"):
+            subprocess.run([MAKE_POLYMESH, self.folder / folder / processor / "constant/polyMesh",
+                            "2", "1", "1"], check=True, stdout=subprocess.DEVNULL)
+
     def files(self):
         return sorted(str(path.relative_to(self.folder)) for path in self.folder.rglob("*")
                       if path.is_file())
@@ -217,6 +223,14 @@ class OtherFormats(OrvCopy):
         self.assertTrue((self.folder / "packed/constant/polyMesh/points.gz").exists())
         self.assertTrue(kept["text"] == kept["packed"])
 
+    def test_partitions_are_written_into_processor_folders(self):
+        self.decomposed("case")
+        status, out, _ = self.orv("copy", "case", "copy/", "--to", "openfoam")
+        self.assertEqual(
+            (status, [line.split(":")[0] for line in out.splitlines()]),
+            (0, ["copy/processor0/constant/polyMesh", "copy/processor1/constant/polyMesh"]))
+        self.assertEqual(self.orv("copy", "copy", "copy.orv")[0], 0)
+
     def test_a_grid_for_viewers_has_results(self):
         self.sample("results", 60)
         status, out, err = self.orv("copy", "results.orv", "grid.vtu", "--no-settings")
@@ -310,10 +324,21 @@ class Refusals(OrvCopy):
         self.sample("box")
         self.orv("copy", "box.orv", "case/")
         for source in ("case", "case/constant/polyMesh", "case/constant/polyMesh/owner"):
-            for destination in ("case/", "./case", "case/constant/polyMesh"):
-                err = self.refused(source, destination, "--force")
+            for destination in ("case/", "./case", "case/constant", "case/constant/",
+                                "case/constant/polyMesh", "case/constant/polyMesh/"):
+                err = self.refused(source, destination, "--to", "openfoam", "--force")
                 self.assertTrue(err.endswith("polyMesh: is the source itself, which is never "
                                              "written\n"), err)
+
+    def test_of_processor_folders(self):
+        self.decomposed("case")
+        self.assertEqual(self.refused("case", "case/", "--force"),
+                         "orv: case/processor0/constant/polyMesh: is the source itself, which is "
+                         "never written\n")
+        self.decomposed("other")
+        self.assertEqual(self.refused("case", "other/"),
+                         "orv: other/processor0/constant/polyMesh: is there already; --force "
+                         "replaces it\n")
 
     def test_of_verifying_what_cannot_be_compared(self):
         self.sample("box")
