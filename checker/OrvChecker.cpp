@@ -263,10 +263,17 @@ bool OrvChecker::checkSelected() {
   if (checkLevel < 1) {
     return true;
   }
-  return checkMeshSize() && checkMeshConnectivity() &&
-         passAll({&OrvChecker::checkPhysicsToMeshMapUsingTopologyModel,
-                  &OrvChecker::checkCellZoneConnectivityTypes, &OrvChecker::checkNodeZones,
-                  &OrvChecker::checkFaceZones, &OrvChecker::checkCellZones});
+  if (!checkMeshSize() || !checkMeshConnectivity() ||
+      !passAll({&OrvChecker::checkPhysicsToMeshMapUsingTopologyModel,
+                &OrvChecker::checkCellZoneConnectivityTypes, &OrvChecker::checkNodeZones,
+                &OrvChecker::checkFaceZones, &OrvChecker::checkCellZones})) {
+    return false;
+  }
+  if (checkLevel < 2) {
+    return true;
+  }
+  return passAll({&OrvChecker::checkFaceConnectivity, &OrvChecker::checkCellConnectivity,
+                  &OrvChecker::checkCellsFromFaces, &OrvChecker::checkFacesShadowZones});
 }
 
 /// Runs checks until the library has an error; what they find themselves ends nothing.

@@ -22,13 +22,11 @@
 
 #include "checker/IdList.h"
 #include "checker/connectivity_kinds.h"
+#include "checker/facets.h"
 
 namespace velto {
 
 namespace {
-
-/// The value of cellZoneCellType for polyhedra.
-constexpr int kPolyhedral = 7;
 
 /// "<name> [<id>]"
 std::string labelOf(const OrvBase& source, int zone) {
@@ -209,6 +207,12 @@ int OrvChecker::judgeConnectivity(int zone, int kind, bool restart) {
     return connectivityInconsistent;
   }
   return kind;
+}
+
+int OrvChecker::kindOfCellZone(std::size_t position) const {
+  // Kept harmless: a list that grew since the zones were classified has zones of no kind.
+  return position < cellZoneConnectivityTypes.size() ? cellZoneConnectivityTypes[position]
+                                                     : connectivityNone;
 }
 
 }  // namespace velto

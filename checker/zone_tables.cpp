@@ -111,10 +111,7 @@ bool OrvChecker::checkCellZones() {
     checkZoneCommonAttributes(cells.ids, cells.nmax, "Cell");
     const IdList known(cells.ids);
     for (std::size_t i = 0; i < cells.ids.size(); ++i) {
-      // Kept harmless: a list that grew since the zones were classified has zones of no kind.
-      const int kind =
-          i < cellZoneConnectivityTypes.size() ? cellZoneConnectivityTypes[i] : connectivityNone;
-      checkCellZone(cells.ids[i], cells.dimension, known, kind);
+      checkCellZone(cells.ids[i], cells.dimension, known, kindOfCellZone(i));
     }
   }
   return !cells.lacksCount();

@@ -10,8 +10,9 @@
 #include <map>
 #include <vector>
 
+#include "data_access/ZoneBuffer.h"
+
 #include "copier/MappedZones.h"
-#include "copier/ZoneBuffer.h"
 #include "copier/movers.h"
 #include "copier/write_families.h"
 

@@ -9,8 +9,9 @@
 
 #include "velto/OrvCopier.h"
 
+#include "data_access/ZoneBuffer.h"
+
 #include "copier/MappedZones.h"
-#include "copier/ZoneBuffer.h"
 #include "copier/movers.h"
 
 namespace velto {

@@ -11,9 +11,9 @@
 
 #include "data_access/OrvFileConsumer.h"
 #include "data_access/OrvFileProvider.h"
+#include "data_access/ZoneBuffer.h"
 
 #include "copier/MappedZones.h"
-#include "copier/ZoneBuffer.h"
 #include "copier/movers.h"
 
 namespace velto {

@@ -10,8 +10,7 @@
 
 #include "data_access/OrvConsumer.h"
 #include "data_access/OrvProvider.h"
-
-#include "copier/ZoneBuffer.h"
+#include "data_access/ZoneBuffer.h"
 
 namespace velto {
 

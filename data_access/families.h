@@ -31,8 +31,9 @@ struct CountedReadFamily : ReadFamily {
   void (OrvProvider::*endIds)();
 };
 
-/// One side of the faces: a cell id a face.
+/// One side of the faces: a cell id a face, of one face or of all faces of a zone.
 struct SideReadFamily : ReadFamily {
+  std::uint64_t (OrvProvider::*getCell)(std::uint64_t faceId);
   void (OrvProvider::*readCells)(int zoneId, std::uint64_t* cellIds, std::size_t n);
 };
 
@@ -67,9 +68,13 @@ inline constexpr CountedReadFamily kCellFaces = {
     &OrvProvider::endCellFaceIds};
 
 inline constexpr SideReadFamily kFaceCell0 = {
-    {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0}, &OrvProvider::readFaceCell0};
+    {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0},
+    &OrvProvider::getFaceCell0,
+    &OrvProvider::readFaceCell0};
 inline constexpr SideReadFamily kFaceCell1 = {
-    {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1}, &OrvProvider::readFaceCell1};
+    {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1},
+    &OrvProvider::getFaceCell1,
+    &OrvProvider::readFaceCell1};
 
 /// The length of a zone's list where all its elements have `count` ids. Exact.
 inline std::int64_t uniformListLength(short count, std::uint64_t elementCount) {

@@ -5,6 +5,7 @@
 #ifndef VELTO_ORV_CHECKER_H
 #define VELTO_ORV_CHECKER_H
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -20,7 +21,9 @@
 
 namespace velto {
 
+class FacetRules;
 class IdList;
+struct IdRange;
 
 /// Validates a case file and keeps what it finds as two lists of texts.
 ///
@@ -117,6 +120,7 @@ class VELTO_EXPORT OrvChecker {
   bool checkCellZoneConnectivityTypes();
   int addCellFaces(int zone, int kind);
   int judgeConnectivity(int zone, int kind, bool restart);
+  int kindOfCellZone(std::size_t position) const;
 
   // zone_tables.cpp: sizes, ranges, names, types and links of zones
   struct ZoneTable;
@@ -131,6 +135,44 @@ class VELTO_EXPORT OrvChecker {
                      const IdList& treeZones);
   void checkShadowLink(int zone, int shadow, const IdList& known);
   void checkCellZone(int zone, std::uint64_t dimension, const IdList& known, int connectivity);
+
+  // face_connectivity.cpp: the nodes of faces
+  bool checkFaceConnectivity();
+
+  // cell_connectivity.cpp: the nodes and faces that cell zones list
+  struct CellPass;
+  bool checkCellConnectivity();
+  void checkListsOfCells(const CellPass& pass, const std::vector<int>& zones);
+
+  // node_tables.cpp: the nodes of all faces and cells in memory
+  struct NodeTables;
+  bool readFaceNodes();
+  bool readCellNodes();
+  bool readNodes(const NodeTables& tables);
+  bool indexNodes(const NodeTables& tables, std::vector<std::uint64_t>& list,
+                  const std::vector<short>& counts, std::uint64_t& position);
+
+  // cells_from_faces.cpp: cells by the faces that name them
+  struct FaceSide;
+  bool checkCellsFromFaces();
+  // NOLINTNEXTLINE(readability-identifier-naming): its given name
+  bool checkCellsFromFaces_facenode();
+  // NOLINTNEXTLINE(readability-identifier-naming): its given name
+  bool checkCellsFromFaces_cellnode();
+  bool checkCellFaceOwnership(int cellNodeCount, std::uint64_t* cellNodes, int faceNodeCount,
+                              std::uint64_t* faceNodes);
+  void readTypesOfCells(const std::vector<int>& zones, std::vector<int>& typeOfCell);
+  void countFacesOfCells(const FaceSide& side, const IdRange& faces,
+                         std::vector<std::int16_t>& facesOfCell);
+  void judgeFaceCounts(const std::vector<int>& typeOfCell,
+                       const std::vector<std::int16_t>& facesOfCell, const FacetRules& rules,
+                       bool subdividedFaces);
+  void compareNodes(const FaceSide& side, std::vector<int>& zones);
+  bool ownsFace(std::uint64_t cell, std::uint64_t face);
+  void addInvalidCell(const FaceSide& side, std::uint64_t cell, std::uint64_t face);
+
+  // shadow_faces.cpp: the partners of faces
+  bool checkFacesShadowZones();
 
   // location_model_checks.cpp: the location model against the zones of a mesh
   bool checkTopologyModel();
@@ -185,6 +227,17 @@ class VELTO_EXPORT OrvChecker {
   /// Of the mesh walked last: its form, and the kind of each of its cell zones.
   int cellsFromFacesMode = 0;
   std::vector<int> cellZoneConnectivityTypes;
+  /// The nodes of all faces and cells, a list a zone; by position, where those of one begin and how
+  /// many they are, null and 0 where nothing is known; and those of one that its list cut short.
+  /// Filled anew for each mesh that needs them.
+  std::vector<std::vector<std::uint64_t>> faceNodeIds;
+  std::vector<std::uint64_t*> faceNodePointers;
+  std::vector<int> faceNodeCounts;
+  std::vector<std::uint64_t> cutFaceNodes;
+  std::vector<std::vector<std::uint64_t>> cellNodeIds;
+  std::vector<std::uint64_t*> cellNodePointers;
+  std::vector<int> cellNodeCounts;
+  std::vector<std::uint64_t> cutCellNodes;
   std::string currentStep;
   std::vector<std::string> errors;
   std::vector<std::string> warnings;

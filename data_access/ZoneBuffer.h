@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// ZoneBuffer: room for the data of one zone, out of memory that all zones of a copy share.
+// ZoneBuffer: room for the data of one zone, out of memory that all zones of a walk share.
 
-#ifndef VELTO_COPIER_ZONE_BUFFER_H
-#define VELTO_COPIER_ZONE_BUFFER_H
+#ifndef VELTO_DATA_ACCESS_ZONE_BUFFER_H
+#define VELTO_DATA_ACCESS_ZONE_BUFFER_H
 
 #include <algorithm>
 #include <cstddef>
@@ -14,8 +14,8 @@
 
 namespace velto {
 
-/// The memory of one copy. It is as large as the largest list of a zone so far: to take fresh
-/// memory for each list costs more than to read the list.
+/// The memory of one walk over zones. It is as large as the largest list of a zone so far: to take
+/// fresh memory for each list costs more than to read the list.
 class ZoneMemory {
  public:
   /// At least `size` bytes, whose content is not defined; what was handed out before is void.
@@ -63,4 +63,4 @@ class ZoneBuffer {
 
 }  // namespace velto
 
-#endif  // VELTO_COPIER_ZONE_BUFFER_H
+#endif  // VELTO_DATA_ACCESS_ZONE_BUFFER_H
