@@ -147,11 +147,19 @@ void OrvChecker::countFacesOfCells(const FaceSide& side, const IdRange& faces,
   }
 }
 
+namespace {
+
+/// Kept: counters of 32 bits that have a sign.
+std::string asSigned(std::uint32_t counter) {
+  return std::to_string(static_cast<std::int32_t>(counter));
+}
+
+}  // namespace
+
 void OrvChecker::judgeFaceCounts(const std::vector<int>& typeOfCell,
                                  const std::vector<std::int16_t>& facesOfCell,
                                  const FacetRules& rules, bool subdividedFaces) {
   const bool showsEach = verbosity > 3;
-  // Counted as unsigned and told as signed numbers of 32 bits.
   std::uint32_t missingFacets = 0;
   std::uint32_t excessFacets = 0;
   std::uint32_t unsupportedCells = 0;
@@ -189,12 +197,10 @@ void OrvChecker::judgeFaceCounts(const std::vector<int>& typeOfCell,
     addWarning(1, "Cells of unsupported type encountered");
   }
   if (missingFacets != 0) {
-    addError(1, "Cells with missing facets: " +
-                    std::to_string(static_cast<std::int32_t>(missingFacets)));
+    addError(1, "Cells with missing facets: " + asSigned(missingFacets));
   }
   if (excessFacets != 0) {
-    addError(1, "Cells with too many facets attached: " +
-                    std::to_string(static_cast<std::int32_t>(excessFacets)));
+    addError(1, "Cells with too many facets attached: " + asSigned(excessFacets));
   }
 }
 

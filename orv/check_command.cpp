@@ -68,6 +68,21 @@ bool isOfZones(const std::string& recorded) {
   return step == "checkNodeZones" || step == "checkFaceZones" || step == "checkCellZones";
 }
 
+/// Whether a message is about single ids, which it does not name.
+bool isOfIds(const std::string& recorded) {
+  const std::string text = messageOf(recorded).text;
+  return text == "Face node ids out of node id range" ||
+         text == "Cell node ids out of node id range" ||
+         text == "Cell face ids out of face id range";
+}
+
+/// Whether a message counts cells that do not have the faces of their type.
+bool isOfFaceCounts(const std::string& recorded) {
+  const std::string text = messageOf(recorded).text;
+  return text.find("Cells with missing facets: ") == 0 ||
+         text.find("Cells with too many facets attached: ") == 0;
+}
+
 bool isFailedBuild(const std::string& recorded) {
   return messageOf(recorded).text == "Failed to build location model.";
 }
@@ -92,6 +107,12 @@ void hint(const FileResult& result) {
   if (hasError(isOfZones) ||
       std::any_of(result.warnings.begin(), result.warnings.end(), isOfZones)) {
     hintAtZones(result.file);
+  }
+  if (hasError(isOfIds)) {
+    hintAtIds(result.file);
+  }
+  if (hasError(isOfFaceCounts)) {
+    hintAtFaceCounts(result.file);
   }
   if (hasError(isFailedBuild)) {
     hintAtRelations(result.file);

@@ -22,6 +22,19 @@ inline void hintAtZones(const std::string& file) {
             << std::endl;
 }
 
+/// The same for the ids of nodes and faces.
+inline void hintAtIds(const std::string& file) {
+  std::cerr << "orv: " << file << ": `orv check --level 2 -v 3` names each id that is out of range"
+            << std::endl;
+}
+
+/// The same for the number of faces of cells.
+inline void hintAtFaceCounts(const std::string& file) {
+  std::cerr << "orv: " << file
+            << ": `orv check --level 2 -v 4` shows the number of faces of each cell that is wrong"
+            << std::endl;
+}
+
 /// The same for messages about a location model, and what refers to it.
 inline void hintAtModel(const std::string& file) {
   std::cerr << "orv: " << file << ": `orv model` shows the location model with its names"

@@ -24,8 +24,9 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   CLI::App* check = app.add_subcommand("check", "Say whether case files are sound");
   check->add_option("FILE", options.files, "Case files or folders")->required();
   check
-      ->add_option("-l,--level", options.level,
-                   "0 the file as a whole, 1 zone tables, 2 connectivity")
+      ->add_option(
+          "-l,--level", options.level,
+          "0 the file as a whole, 1 zones and what refers to them, 2 every node, face and cell")
       ->check(CLI::Range(0, 2))
       ->capture_default_str();
   check
@@ -47,14 +48,17 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
   check->add_flag("--json", options.json, "Print one JSON document instead of text");
   check->footer(
-      "This version judges the file as a whole, the sizes of its meshes, their zones, the location model\n"
-      "and the physics objects that refer to it; the checks of level 2 are to come. A mesh without a\n"
-      "location model gets one made of its zones, as `orv model` shows it. What the OpenFOAM reader finds\n"
-      "wrong with single entries comes as warnings. An OpenFOAM mesh holds no physics, which is a warning\n"
-      "too, so that --strict goes with --no-location-model there.\n\n"
+      "Level 1 judges the file as a whole, the sizes of its meshes, their zones, the location model and\n"
+      "the physics objects that refer to it. Level 2 reads the mesh as well: whether each id is one of the\n"
+      "mesh, whether as many faces reach each cell as its type has, whether faces and cells share their\n"
+      "nodes, where shadow faces lie. A mesh without a location model gets one made of its zones, as\n"
+      "`orv model` shows it. What the OpenFOAM reader finds wrong with single entries comes as warnings.\n"
+      "An OpenFOAM mesh holds no physics, which is a warning too, so that --strict goes with\n"
+      "--no-location-model there.\n\n"
       "Examples:\n"
       "  orv check constant/polyMesh           an OpenFOAM mesh\n"
       "  orv check case/ --level 2             a case folder, with its connectivity\n"
+      "  orv check case/ --level 2 -v 3        names each id that is wrong\n"
       "  orv check case/ -v 2                  shows sizes and zones as they are judged\n"
       "  orv check a/ b/ --quiet && run        go on only if both are sound\n"
       "  orv check case/ --json > report.json  for other programs\n\n" +
@@ -213,8 +217,9 @@ void addSample(CLI::App& app, SampleOptions& options) {
   CLI::Option* list = sample->add_flag("--list", options.list, "List the samples and defects");
   sample->add_flag("--json", options.json, "List them as one JSON document")->needs(list);
   sample->footer(
-      "Every sample is sound: `orv check` has nothing to say of it. Every defect gives one message.\n"
-      "Results go beside the case file, into FILE with an \"r\" behind it.\n\n"
+      "Every sample is sound: `orv check` has nothing to say of it. Every defect gives the\n"
+      "message beside which --list shows it, at the level of check that is told there. Results go beside the\n"
+      "case file, into FILE with an \"r\" behind it.\n\n"
       "Examples:\n"
       "  orv sample --list                           what there is\n"
       "  orv sample box box.orv                      a box of 8000 hexahedra\n"

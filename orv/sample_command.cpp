@@ -31,10 +31,15 @@ void printLists() {
   for (const samples::SampleInfo& info : samples::samples()) {
     samples.addRow({info.name, std::to_string(info.defaultCells), info.title, info.purpose});
   }
-  TextTable defects({{"defect"}, {"of"}, {"what is wrong"}, {"level"}, {"message"}});
+  TextTable defects({{"defect"},
+                     {"of"},
+                     {"what is wrong"},
+                     {"check", TextTable::Align::right},
+                     {"level"},
+                     {"message"}});
   for (const samples::Defect& defect : samples::defects()) {
-    defects.addRow({defect.name, defect.sample, defect.what, defect.isError ? "error" : "warning",
-                    defect.finding});
+    defects.addRow({defect.name, defect.sample, defect.what, std::to_string(defect.checkLevel),
+                    defect.isError ? "error" : "warning", defect.finding});
   }
   std::cout << samples.text("") << "\n" << defects.text("");
 }
@@ -53,6 +58,7 @@ void printJson() {
     damaged.push_back({{"name", defect.name},
                        {"sample", defect.sample},
                        {"what", defect.what},
+                       {"checkLevel", defect.checkLevel},
                        {"level", defect.isError ? "error" : "warning"},
                        {"message", defect.finding}});
   }

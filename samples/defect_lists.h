@@ -16,12 +16,16 @@ const std::vector<Defect>& defectsOfFiles();      ///< Version, solver type, tar
 const std::vector<Defect>& defectsOfRelations();  ///< Which zones bound which, how cells are told.
 const std::vector<Defect>& defectsOfZones();      ///< Counts, ranges, names.
 const std::vector<Defect>& defectsOfFaceZones();  ///< Types and links of face and cell zones.
-const std::vector<Defect>& defectsOfModels();     ///< Location models, in files and to be built.
-const std::vector<Defect>& defectsOfPhysics();    ///< Physics objects of the settings.
+const std::vector<Defect>& defectsOfConnectivity();  ///< Ids of nodes, faces and cells.
+const std::vector<Defect>& defectsOfModels();        ///< Location models, in files and to be built.
+const std::vector<Defect>& defectsOfPhysics();       ///< Physics objects of the settings.
 
 /// An id that no zone of a sample has, and no object of a location model.
 inline constexpr int kNoSuchZone = 99;
 inline constexpr int kNoSuchObject = 99;
+
+/// A type that no cell has.
+inline constexpr int kNoSuchType = 99;
 
 /// The tables of the one mesh of a case, and its arrays.
 base::MeshTables& onlyMesh(memory::Case& damaged);

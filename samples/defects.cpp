@@ -17,8 +17,9 @@ namespace velto::samples {
 const std::vector<Defect>& defects() {
   static const std::vector<Defect> kDefects = [] {
     std::vector<Defect> all;
-    for (const auto* list : {&defectsOfFiles(), &defectsOfRelations(), &defectsOfZones(),
-                             &defectsOfFaceZones(), &defectsOfModels(), &defectsOfPhysics()}) {
+    for (const auto* list :
+         {&defectsOfFiles(), &defectsOfRelations(), &defectsOfZones(), &defectsOfFaceZones(),
+          &defectsOfConnectivity(), &defectsOfModels(), &defectsOfPhysics()}) {
       all.insert(all.end(), list->begin(), list->end());
     }
     return all;

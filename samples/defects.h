@@ -25,6 +25,8 @@ struct Defect {
 
   /// Damages a case that was the sample.
   void (*damage)(memory::Case& damaged);
+
+  int checkLevel = 1;  ///< The lowest level of a check that finds it.
 };
 
 /// All defects, in the order of docs/MESSAGES.md.

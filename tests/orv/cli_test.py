@@ -288,9 +288,9 @@ class Sample(CommandLine):
                          ["sample", "box", "box-cells", "post", "polyhedra", "plane", "two-bodies",
                           "periodic", "shadow", "physics", "results", "partitions"])
         self.assertIn(["overlap", "post",
-                       "A face zone begins with the last face of the one before.", "error",
+                       "A face zone begins with the last face of the one before.", "1", "error",
                        "checkFaceZones : Overlapping Face ranges"],
-                      [re.split("  +", line, maxsplit=4) for line in damaged.splitlines()])
+                      [re.split("  +", line, maxsplit=5) for line in damaged.splitlines()])
 
     def test_lists_as_json_what_it_lists_as_text(self):
         status, out, err = self.orv("sample", "--list", "--json")
@@ -307,7 +307,7 @@ class Sample(CommandLine):
                           "purpose": "Results of two phases on nodes, faces and cells.",
                           "cells": 8000, "results": True})
         self.assertIn({"name": "unnamed-zone", "sample": "post",
-                       "what": "A face zone has no name.", "level": "warning",
+                       "what": "A face zone has no name.", "checkLevel": 1, "level": "warning",
                        "message": "checkFaceZones : Empty Face zone name"}, lists["defects"])
 
     def test_says_what_it_does_not_know(self):
@@ -448,8 +448,9 @@ class WrittenSamples(CommandLine):
         for row in json.loads(self.orv("sample", "--list", "--json")[1])["defects"]:
             file = f"{row['name']}.orv"
             self.assertEqual(self.orv("sample", "--defect", row["name"], file)[::2], (0, ""))
-            found = self.report(file)[1]["files"][0][row["level"] + "s"][0]
-            self.assertEqual(f"{found['step']} : {found['message']}", row["message"])
+            report = self.report(file, "--level", str(row["checkLevel"]))[1]["files"][0]
+            self.assertIn(row["message"], [f"{found['step']} : {found['message']}"
+                                           for found in report[row["level"] + "s"]])
 
 
 if __name__ == "__main__":
