@@ -13,6 +13,7 @@
 #include "velto/OrvChecker.h"
 
 #include "orv/ProgressBar.h"
+#include "orv/Silence.h"
 #include "orv/commands.h"
 #include "orv/hints.h"
 #include "orv/json_report.h"
@@ -128,7 +129,9 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
   result.file = file;
   OrvChecker checker;
   checker.setCheckLevel(options.level);
-  checker.setVerbosity(options.quiet || options.json ? 0 : options.verbosity);
+  const int verbosity = options.quiet || options.json ? 0 : options.verbosity;
+  const Silence silence(verbosity == 0);
+  checker.setVerbosity(verbosity);
   checker.setMeshId(options.mesh);
   checker.setPartitionId(options.partition);
   checker.setTarget(options.target);

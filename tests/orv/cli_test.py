@@ -96,6 +96,29 @@ class Check(CommandLine):
         self.assertIn("  Face zone id : 4 : xMax\n  [ 4 , 3 ] \n    range: 1 ... 3\n", out)
         self.assertNotIn("orv: ", err)
 
+    def test_says_where_to_look_when_connectivity_is_at_fault(self):
+        for defect, hint in (("cell-node-range",
+                              "`orv check --level 2 -v 3` names each id that is out of range"),
+                             ("missing-facets",
+                              "`orv check --level 2 -v 4` shows the number of faces of each cell "
+                              "that is wrong")):
+            self.orv("sample", "--defect", defect, f"{defect}.orv", "--force")
+            status, out, err = self.orv("check", "--level", "2", f"{defect}.orv")
+            self.assertEqual((status, out), (1, f"{defect}.orv: not sound (1 error, 0 warnings)\n"))
+            self.assertEqual(err.splitlines()[-1], f"orv: {defect}.orv: {hint}")
+
+    def test_keeps_lines_of_single_faces_out_of_documents_and_silence(self):
+        self.orv("sample", "--defect", "side-0-cell-wrong", "wrong.orv")
+        check = ("check", "--level", "2", "wrong.orv")
+        self.assertEqual(self.orv(*check)[1],
+                         "face 4 vs cell type 8\nwrong.orv: not sound (1 error, 0 warnings)\n")
+        self.assertEqual(self.orv(*check, "-v", "0"),
+                         (1, "wrong.orv: not sound (1 error, 0 warnings)\n", ""))
+        self.assertEqual(self.orv(*check, "--quiet"), (1, "", ""))
+        self.assertEqual(json.loads(self.orv(*check, "--json")[1])["files"][0]["errors"],
+                         [{"step": "checkCellsFromFaces_cellnode",
+                           "message": "Node connectivity error in face-cell c0 pair"}])
+
     def test_says_where_to_look_when_the_location_model_is_at_fault(self):
         for defect, hint in (("unnamed-body", "`orv model` shows the location model with its names"),
                              ("wrong-location",
