@@ -14,6 +14,7 @@
 #include "testing/PolyMeshWriter.h"
 #include "testing/TempFolder.h"
 #include "testing/capture.h"
+#include "tests/formats/openfoam/shapes_mesh.h"
 
 namespace velto::openfoam {
 namespace {
@@ -30,10 +31,14 @@ struct Judgement {
   Texts warnings;
 };
 
-/// Runs a checker at level 1; warnings come without the folder.
-Judgement judge(const std::string& folder) {
+constexpr int kZones = 1;
+constexpr int kConnectivity = 2;
+
+/// Runs a checker of that level; warnings come without the folder.
+Judgement judge(const std::string& folder, int level) {
   const testing::StreamCapture streams;
   OrvChecker checker;
+  checker.setCheckLevel(level);
   const bool good = checker.checkCase(folder);
   EXPECT_EQ(good, checker.getErrors().empty());
   Judgement judgement{checker.getErrors(), checker.getWarnings()};
@@ -46,12 +51,12 @@ Judgement judge(const std::string& folder) {
   return judgement;
 }
 
-Judgement judge(const BoxMesh& mesh) {
+Judgement judge(const BoxMesh& mesh, int level) {
   const testing::TempFolder temp;
   testing::WriteOptions options;
   options.note = false;
   writePolyMesh(temp.path("polyMesh"), mesh, options);
-  return judge(temp.path("polyMesh"));
+  return judge(temp.path("polyMesh"), level);
 }
 
 /// A row of four cells: faces 0 to 2 are internal, then patches of 1, 1, 4, 4, 4 and 4 faces.
@@ -73,6 +78,7 @@ std::ostream& operator<<(std::ostream& out, const SoundRow& row) { return out <<
 
 const SoundRow kSound[] = {
     {"Row", [](BoxMesh&) {}},
+    {"AHexahedronAWedgeAndAPyramid", [](BoxMesh& mesh) { mesh = testing::shapesMesh(); }},
     {"TwoDimensional",
      [](BoxMesh& mesh) { mesh.patches[4].type = mesh.patches[5].type = "empty"; }},
     {"CellZonesThatAreRanges",
@@ -166,7 +172,7 @@ class SoundMeshes : public ::testing::TestWithParam<SoundRow> {};
 TEST_P(SoundMeshes, LackPhysicsOnly) {
   BoxMesh mesh = rowOfFour();
   GetParam().change(mesh);
-  const Judgement judgement = judge(mesh);
+  const Judgement judgement = judge(mesh, kConnectivity);
   EXPECT_EQ(judgement.errors, Texts());
   EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
 }
@@ -187,7 +193,7 @@ TEST(CheckedPartitions, LackPhysicsOnlyWhereOneIsEmpty) {
   const testing::TempFolder temp;
   writePolyMesh(temp.path("case/processor0/constant/polyMesh"), rowOfFour());
   writePolyMesh(temp.path("case/processor1/constant/polyMesh"), emptyPart());
-  const Judgement judgement = judge(temp.path("case"));
+  const Judgement judgement = judge(temp.path("case"), kConnectivity);
   EXPECT_EQ(judgement.errors, Texts());
   EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
 }
@@ -197,7 +203,7 @@ TEST(CheckedPartitions, AreRefusedWhereAllAreEmpty) {
   const std::string folder = temp.path("case");
   writePolyMesh(folder + "/processor0/constant/polyMesh", emptyPart());
   EXPECT_EQ(
-      judge(folder).errors,
+      judge(folder, kConnectivity).errors,
       (Texts{" : Error reading ORV file",
              " : ORV - " + folder + ": expected cells in a processor folder, found none in all"}));
 }
@@ -211,7 +217,7 @@ TEST_P(CheckedRealMeshes, LackPhysicsOnly) {
   if (!std::filesystem::exists(folder)) {
     GTEST_SKIP() << "no such mesh here";
   }
-  const Judgement judgement = judge(folder);
+  const Judgement judgement = judge(folder, kConnectivity);
   EXPECT_EQ(judgement.errors, Texts());
   EXPECT_EQ(judgement.warnings, Texts{kNoPhysics});
 }
@@ -226,6 +232,7 @@ struct DamagedRow {
   std::function<void(BoxMesh&)> damage;
   Texts errors;
   Texts warnings;
+  int level = kZones;
 };
 
 std::ostream& operator<<(std::ostream& out, const DamagedRow& row) { return out << row.name; }
@@ -353,6 +360,50 @@ const DamagedRow kDamaged[] = {
      {"checkFaceZones : Mismatch in Face zones content and total number of Faces"},
      {"checkVersion : ORV - boundary: 18 faces from 3 on are in no patch, the internal faces end at 3",
       kNoPhysics}},
+    {"AnOwnerThatIsNotThere",
+     [](BoxMesh& mesh) { mesh.owner[6] = 99; },
+     {"checkCellsFromFaces_facenode : Cell 0 (100) for face 7 is invalid"},
+     {"checkVersion : ORV - owner: face 6: label 99 is out of range, allowed are 0 to 3",
+      kNoPhysics},
+     kConnectivity},
+    // Types of cells are told from the faces, so that the two cells are polyhedra then.
+    {"NothingOfAnOwnerThatIsAnotherCell",
+     [](BoxMesh& mesh) { mesh.owner[6] = 3; },
+     {},
+     {kNoPhysics},
+     kConnectivity},
+    {"ACellWithTooFewFaces",
+     [](BoxMesh& mesh) { mesh.owner[5] = mesh.owner[9] = mesh.owner[13] = 1; },
+     {"checkCellsFromFaces_facenode : Cells with missing facets: 1"},
+     {"checkVersion : ORV - owner: cell 0 has 3 faces, at least 4 are expected", kNoPhysics},
+     kConnectivity},
+    {"ANeighbourThatIsNotThere",
+     [](BoxMesh& mesh) { mesh.neighbour[2] = 4; },
+     {"checkCellsFromFaces_facenode : Cell 1 (5) for face 3 is invalid"},
+     {"checkVersion : ORV - neighbour: face 2: label 4 is out of range, allowed are 0 to 3",
+      kNoPhysics},
+     kConnectivity},
+    {"APointThatIsNotThere",
+     [](BoxMesh& mesh) { mesh.faceNodes[5] = mesh.pointCount(); },
+     {"checkFaceConnectivity : Face node ids out of node id range"},
+     {"checkVersion : ORV - faces: face 1, node 1: label 20 is out of range, allowed are 0 to 19",
+      kNoPhysics},
+     kConnectivity},
+    {"PatchesThatLeaveAGapInTheHull",
+     [](BoxMesh& mesh) { mesh.patches.pop_back(); },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces",
+      "checkCellsFromFaces_facenode : Cells with missing facets: 4"},
+     {"checkVersion : ORV - boundary: 4 faces from 17 on are in no patch, patch zMin ends at 17",
+      kNoPhysics},
+     kConnectivity},
+    {"AFaceInTwoZonesThatTwoCellsCountTwice",
+     [](BoxMesh& mesh) {
+       mesh.faceZones = {{"a", {0, 2}, {}, false}, {"b", {2}, {}, false}};
+     },
+     {"checkFaceZones : Mismatch in Face zones content and total number of Faces",
+      "checkCellsFromFaces_facenode : Cells with too many facets attached: 2"},
+     {"checkVersion : ORV - faceZones: zone b, entry 0: face 2 is in a zone already", kNoPhysics},
+     kConnectivity},
 };
 
 class DamagedMeshes : public ::testing::TestWithParam<DamagedRow> {};
@@ -360,7 +411,7 @@ class DamagedMeshes : public ::testing::TestWithParam<DamagedRow> {};
 TEST_P(DamagedMeshes, AreTold) {
   BoxMesh mesh = rowOfFour();
   GetParam().damage(mesh);
-  const Judgement judgement = judge(mesh);
+  const Judgement judgement = judge(mesh, GetParam().level);
   EXPECT_EQ(judgement.errors, GetParam().errors);
   EXPECT_EQ(judgement.warnings, GetParam().warnings);
 }
