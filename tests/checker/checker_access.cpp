@@ -222,4 +222,88 @@ std::vector<int>& cellZoneConnectivityTypes(OrvChecker& checker) {
 
 int& cellsFromFacesMode(OrvChecker& checker) { return checker.*memberOf(CellsFromFacesMode{}); }
 
+// --- The nodes and faces that zones list ---------------------------------------------------------
+
+namespace {
+
+using Lists = std::vector<std::vector<std::uint64_t>> OrvChecker::*;
+using Places = std::vector<std::uint64_t*> OrvChecker::*;
+using Counts = std::vector<int> OrvChecker::*;
+
+struct CheckFaceConnectivity {
+  using Member = Step;
+  friend Step memberOf(CheckFaceConnectivity);
+};
+struct CheckCellConnectivity {
+  using Member = Step;
+  friend Step memberOf(CheckCellConnectivity);
+};
+struct ReadFaceNodes {
+  using Member = Step;
+  friend Step memberOf(ReadFaceNodes);
+};
+struct ReadCellNodes {
+  using Member = Step;
+  friend Step memberOf(ReadCellNodes);
+};
+struct FaceNodeIds {
+  using Member = Lists;
+  friend Lists memberOf(FaceNodeIds);
+};
+struct FaceNodePointers {
+  using Member = Places;
+  friend Places memberOf(FaceNodePointers);
+};
+struct FaceNodeCounts {
+  using Member = Counts;
+  friend Counts memberOf(FaceNodeCounts);
+};
+struct CellNodeIds {
+  using Member = Lists;
+  friend Lists memberOf(CellNodeIds);
+};
+struct CellNodePointers {
+  using Member = Places;
+  friend Places memberOf(CellNodePointers);
+};
+struct CellNodeCounts {
+  using Member = Counts;
+  friend Counts memberOf(CellNodeCounts);
+};
+
+template struct Grant<CheckFaceConnectivity, &OrvChecker::checkFaceConnectivity>;
+template struct Grant<CheckCellConnectivity, &OrvChecker::checkCellConnectivity>;
+template struct Grant<ReadFaceNodes, &OrvChecker::readFaceNodes>;
+template struct Grant<ReadCellNodes, &OrvChecker::readCellNodes>;
+template struct Grant<FaceNodeIds, &OrvChecker::faceNodeIds>;
+template struct Grant<FaceNodePointers, &OrvChecker::faceNodePointers>;
+template struct Grant<FaceNodeCounts, &OrvChecker::faceNodeCounts>;
+template struct Grant<CellNodeIds, &OrvChecker::cellNodeIds>;
+template struct Grant<CellNodePointers, &OrvChecker::cellNodePointers>;
+template struct Grant<CellNodeCounts, &OrvChecker::cellNodeCounts>;
+
+}  // namespace
+
+bool checkFaceConnectivity(OrvChecker& checker) {
+  return (checker.*memberOf(CheckFaceConnectivity{}))();
+}
+
+bool checkCellConnectivity(OrvChecker& checker) {
+  return (checker.*memberOf(CheckCellConnectivity{}))();
+}
+
+bool readFaceNodes(OrvChecker& checker) { return (checker.*memberOf(ReadFaceNodes{}))(); }
+
+bool readCellNodes(OrvChecker& checker) { return (checker.*memberOf(ReadCellNodes{}))(); }
+
+NodeTables faceNodeTables(OrvChecker& checker) {
+  return {checker.*memberOf(FaceNodeIds{}), checker.*memberOf(FaceNodePointers{}),
+          checker.*memberOf(FaceNodeCounts{})};
+}
+
+NodeTables cellNodeTables(OrvChecker& checker) {
+  return {checker.*memberOf(CellNodeIds{}), checker.*memberOf(CellNodePointers{}),
+          checker.*memberOf(CellNodeCounts{})};
+}
+
 }  // namespace velto::testing::checker_access

@@ -58,6 +58,22 @@ bool checkZoneCommonAttributes(OrvChecker& checker, const std::vector<int>& zone
 std::vector<int>& cellZoneConnectivityTypes(OrvChecker& checker);
 int& cellsFromFacesMode(OrvChecker& checker);
 
+// The nodes and faces that zones list.
+bool checkFaceConnectivity(OrvChecker& checker);
+bool checkCellConnectivity(OrvChecker& checker);
+bool readFaceNodes(OrvChecker& checker);
+bool readCellNodes(OrvChecker& checker);
+
+/// The nodes of all faces, or of all cells, as a checker keeps them.
+struct NodeTables {
+  std::vector<std::vector<std::uint64_t>>& ids;
+  std::vector<std::uint64_t*>& pointers;
+  std::vector<int>& counts;
+};
+
+NodeTables faceNodeTables(OrvChecker& checker);
+NodeTables cellNodeTables(OrvChecker& checker);
+
 }  // namespace velto::testing::checker_access
 
 #endif  // VELTO_TESTS_CHECKER_CHECKER_ACCESS_H
