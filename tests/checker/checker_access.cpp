@@ -306,4 +306,55 @@ NodeTables cellNodeTables(OrvChecker& checker) {
           checker.*memberOf(CellNodeCounts{})};
 }
 
+// --- Cells from faces, shadow faces ---
+
+namespace {
+
+struct CheckCellsFromFaces {
+  using Member = Step;
+  friend Step memberOf(CheckCellsFromFaces);
+};
+struct CheckFaceCounts {
+  using Member = Step;
+  friend Step memberOf(CheckFaceCounts);
+};
+struct CheckFaceNodes {
+  using Member = Step;
+  friend Step memberOf(CheckFaceNodes);
+};
+struct CheckCellFaceOwnership {
+  using Member = bool (OrvChecker::*)(int, std::uint64_t*, int, std::uint64_t*);
+  friend Member memberOf(CheckCellFaceOwnership);
+};
+struct CheckFacesShadowZones {
+  using Member = Step;
+  friend Step memberOf(CheckFacesShadowZones);
+};
+
+template struct Grant<CheckCellsFromFaces, &OrvChecker::checkCellsFromFaces>;
+template struct Grant<CheckFaceCounts, &OrvChecker::checkCellsFromFaces_facenode>;
+template struct Grant<CheckFaceNodes, &OrvChecker::checkCellsFromFaces_cellnode>;
+template struct Grant<CheckCellFaceOwnership, &OrvChecker::checkCellFaceOwnership>;
+template struct Grant<CheckFacesShadowZones, &OrvChecker::checkFacesShadowZones>;
+
+}  // namespace
+
+bool checkCellsFromFaces(OrvChecker& checker) {
+  return (checker.*memberOf(CheckCellsFromFaces{}))();
+}
+
+bool checkFaceCounts(OrvChecker& checker) { return (checker.*memberOf(CheckFaceCounts{}))(); }
+
+bool checkFaceNodes(OrvChecker& checker) { return (checker.*memberOf(CheckFaceNodes{}))(); }
+
+bool checkCellFaceOwnership(OrvChecker& checker, int cellNodeCount, std::uint64_t* cellNodes,
+                            int faceNodeCount, std::uint64_t* faceNodes) {
+  return (checker.*memberOf(CheckCellFaceOwnership{}))(cellNodeCount, cellNodes, faceNodeCount,
+                                                       faceNodes);
+}
+
+bool checkFacesShadowZones(OrvChecker& checker) {
+  return (checker.*memberOf(CheckFacesShadowZones{}))();
+}
+
 }  // namespace velto::testing::checker_access

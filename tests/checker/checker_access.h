@@ -58,7 +58,8 @@ bool checkZoneCommonAttributes(OrvChecker& checker, const std::vector<int>& zone
 std::vector<int>& cellZoneConnectivityTypes(OrvChecker& checker);
 int& cellsFromFacesMode(OrvChecker& checker);
 
-// The nodes and faces that zones list.
+// --- The nodes and faces that zones list ---
+
 bool checkFaceConnectivity(OrvChecker& checker);
 bool checkCellConnectivity(OrvChecker& checker);
 bool readFaceNodes(OrvChecker& checker);
@@ -73,6 +74,15 @@ struct NodeTables {
 
 NodeTables faceNodeTables(OrvChecker& checker);
 NodeTables cellNodeTables(OrvChecker& checker);
+
+// --- Cells from faces, shadow faces ---
+
+bool checkCellsFromFaces(OrvChecker& checker);
+bool checkFaceCounts(OrvChecker& checker);  ///< checkCellsFromFaces_facenode
+bool checkFaceNodes(OrvChecker& checker);   ///< checkCellsFromFaces_cellnode
+bool checkCellFaceOwnership(OrvChecker& checker, int cellNodeCount, std::uint64_t* cellNodes,
+                            int faceNodeCount, std::uint64_t* faceNodes);
+bool checkFacesShadowZones(OrvChecker& checker);
 
 }  // namespace velto::testing::checker_access
 
