@@ -53,7 +53,8 @@ CasePtr periodicPair();
 /// another, and no cell is known beside a face.
 CasePtr postHex();
 
-/// The unit cube as a post target whose cell zone 3 "fluid" is one polyhedron that lists its faces.
+/// The unit cube as a post target whose cell zone 3 "fluid" is one polyhedron that lists its faces;
+/// the faces know it as well, since a checker goes by them.
 CasePtr postPolyhedron();
 
 /// oneHex() with the phases 1 "water" and 2 "air": temperature and velocity on the nodes, pressure
