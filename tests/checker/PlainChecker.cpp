@@ -221,6 +221,26 @@ bool PlainChecker::checkSelected() {
     return false;
   }
   checkCellZones();
+  return checkORVErrors() && checkConnectivity();
+}
+
+bool PlainChecker::checkConnectivity() {
+  if (checkLevel_ < 2) {
+    return true;
+  }
+  checkFaceConnectivity();
+  if (!checkORVErrors()) {
+    return false;
+  }
+  checkCellConnectivity();
+  if (!checkORVErrors()) {
+    return false;
+  }
+  checkCellsFromFaces();
+  if (!checkORVErrors()) {
+    return false;
+  }
+  checkFacesShadowZones();
   return checkORVErrors();
 }
 

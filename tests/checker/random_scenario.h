@@ -46,6 +46,20 @@ void misbehaveAsIn(const ScenarioRun& run, ScriptedProvider& provider, const mem
                    Texts* steps = nullptr);
 void refuseAsIn(const ScenarioRun& run, LocationModelScript& script, Texts* steps = nullptr);
 
+/// The nodes of faces and cells as the deep checks keep them: a list for each zone, and a count for
+/// each element of the mesh.
+struct NodeLists {
+  std::vector<std::vector<std::uint64_t>> faceNodeIds;
+  std::vector<int> faceNodeCounts;
+  std::vector<std::vector<std::uint64_t>> cellNodeIds;
+  std::vector<int> cellNodeCounts;
+
+  friend bool operator==(const NodeLists& a, const NodeLists& b) {
+    return a.faceNodeIds == b.faceNodeIds && a.faceNodeCounts == b.faceNodeCounts &&
+           a.cellNodeIds == b.cellNodeIds && a.cellNodeCounts == b.cellNodeCounts;
+  }
+};
+
 /// What a run gave, with the calls that it took and what it leaves for the next. Calls on location
 /// models stand among those on the provider; left out are the queries that a build may make in any
 /// number.
@@ -53,16 +67,19 @@ struct Judgement : CheckResult {
   Transcript calls;
   std::vector<int> cellZoneConnectivityTypes;
   int cellsFromFacesMode = 0;
+  NodeLists nodeLists;  // none of a run that was cut short
+  bool isCut = false;  // there was no room for what the case claims, or it was too large to try
 
   friend bool operator==(const Judgement& a, const Judgement& b) {
     return a.good == b.good && a.errors == b.errors && a.warnings == b.warnings && a.out == b.out &&
            a.err == b.err && a.calls == b.calls && a.cellsFromFacesMode == b.cellsFromFacesMode &&
-           a.cellZoneConnectivityTypes == b.cellZoneConnectivityTypes;
+           a.cellZoneConnectivityTypes == b.cellZoneConnectivityTypes &&
+           a.nodeLists == b.nodeLists && a.isCut == b.isCut;
   }
 };
 
-/// The judgements of the runs, in their order: of OrvChecker, and of PlainChecker. The calls of the
-/// last run end with those of the checker's end.
+/// The judgements of the runs, in their order: of OrvChecker, and of PlainChecker. A run that is
+/// cut short is the last. Its calls, or those of the last run, end with those of the checker's end.
 std::vector<Judgement> judge(const Scenario& scenario);
 std::vector<Judgement> judgePlainly(const Scenario& scenario);
 

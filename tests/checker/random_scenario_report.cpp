@@ -38,8 +38,18 @@ Texts linesOf(const std::vector<Judgement>& judgements) {
     addLines(lines, run + "error    ", judgement.errors);
     addLines(lines, run + "warning  ", judgement.warnings);
     lines.push_back(run + "result   " + (judgement.good ? "true" : "false"));
+    lines.push_back(run + "cut      " + (judgement.isCut ? "true" : "false"));
     lines.push_back(run + "mode     " + std::to_string(judgement.cellsFromFacesMode));
     lines.push_back(run + "kinds    " + base::argumentText(judgement.cellZoneConnectivityTypes));
+    const NodeLists& nodes = judgement.nodeLists;
+    for (const auto& list : nodes.faceNodeIds) {
+      lines.push_back(run + "face ids " + base::argumentText(list));
+    }
+    lines.push_back(run + "of faces " + base::argumentText(nodes.faceNodeCounts));
+    for (const auto& list : nodes.cellNodeIds) {
+      lines.push_back(run + "cell ids " + base::argumentText(list));
+    }
+    lines.push_back(run + "of cells " + base::argumentText(nodes.cellNodeCounts));
   }
   return lines;
 }
