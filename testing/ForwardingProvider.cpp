@@ -18,6 +18,9 @@ ForwardingProvider::ForwardingProvider(OrvFileProvider& target) : target_(target
 void ForwardingProvider::onCall(const std::string&) {}
 void ForwardingProvider::onList(const std::string&, std::vector<int>&) {}
 void ForwardingProvider::onDelivered(const std::string&, std::size_t&) {}
+void ForwardingProvider::onLength(const std::string&, std::size_t&) {}
+void ForwardingProvider::onElement(const std::string&, std::uint64_t&) {}
+void ForwardingProvider::onUniform(const std::string&, bool&, int&) {}
 
 // --- The base, the file --------------------------------------------------------------------------
 
@@ -32,7 +35,7 @@ std::uint64_t ForwardingProvider::getZoneCount(OrvZoneCategory category) {
 }
 
 void ForwardingProvider::getZoneIds(OrvZoneCategory category, std::vector<int>& ids) {
-  tell("getZoneIds", category);
+  tellWithList(ids, "getZoneIds", category);
   target_.getZoneIds(category, ids);
   answer(ids, "getZoneIds", category);
 }
@@ -72,21 +75,21 @@ void ForwardingProvider::getSettingsValue(OrvDataClass dataClass, const std::str
 }
 
 void ForwardingProvider::getMeshIds(std::vector<int>& ids, OrvDataClass dataClass) {
-  tell("getMeshIds", dataClass);
+  tellWithList(ids, "getMeshIds", dataClass);
   target_.getMeshIds(ids, dataClass);
   answer(ids, "getMeshIds", dataClass);
 }
 
 void ForwardingProvider::getTargets(std::vector<int>& categories, int meshId,
                                     OrvDataClass dataClass) {
-  tell("getTargets", meshId, dataClass);
+  tellWithList(categories, "getTargets", meshId, dataClass);
   target_.getTargets(categories, meshId, dataClass);
   answer(categories, "getTargets", meshId, dataClass);
 }
 
 void ForwardingProvider::getPartitionIds(std::vector<int>& ids, int meshId,
                                          OrvDataClass dataClass) {
-  tell("getPartitionIds", meshId, dataClass);
+  tellWithList(ids, "getPartitionIds", meshId, dataClass);
   target_.getPartitionIds(ids, meshId, dataClass);
   answer(ids, "getPartitionIds", meshId, dataClass);
 }

@@ -107,7 +107,7 @@ class ForwardingProvider : public OrvFileProvider {
  protected:
   OrvFileProvider& target() const { return target_; }
 
-  /// Whether the three hooks below are called.
+  /// Whether the hooks below are called.
   virtual bool listens() const { return false; }
 
   /// A call is about to be passed on: its operation with the arguments that go in, a buffer as its
@@ -120,10 +120,31 @@ class ForwardingProvider : public OrvFileProvider {
   /// How much a read says that it delivered, or a variable's values per element.
   virtual void onDelivered(const std::string& call, std::size_t& delivered);
 
+  /// How many values the target is asked for by a read that does not tell how many it delivered.
+  virtual void onLength(const std::string& call, std::size_t& n);
+
+  /// What a call gave for one element: the cell beside a face, its shadow, the type of a cell.
+  virtual void onElement(const std::string& call, std::uint64_t& value);
+
+  /// Whether all elements of a zone have one count or type, and which.
+  virtual void onUniform(const std::string& call, bool& isUniform, int& value);
+
+  /// What stood in the list of the last call that gave one, before the call.
+  const std::vector<int>& handedIn() const { return handedIn_; }
+
  private:
   template <class... Arguments>
   void tell(const char* operation, const Arguments&... arguments) {
     if (listens()) {
+      onCall(callText(operation, arguments...));
+    }
+  }
+
+  template <class... Arguments>
+  void tellWithList(const std::vector<int>& list, const char* operation,
+                    const Arguments&... arguments) {
+    if (listens()) {
+      handedIn_ = list;
       onCall(callText(operation, arguments...));
     }
   }
@@ -142,7 +163,35 @@ class ForwardingProvider : public OrvFileProvider {
     }
   }
 
+  std::size_t asked(std::size_t n, const char* operation, int zone) {
+    if (listens()) {
+      onLength(callText(operation, zone, n), n);
+    }
+    return n;
+  }
+
+  template <class Value>
+  Value answerElement(Value value, const char* operation, std::uint64_t element) {
+    if (!listens()) {
+      return value;
+    }
+    auto given = static_cast<std::uint64_t>(value);
+    onElement(callText(operation, element), given);
+    return static_cast<Value>(given);
+  }
+
+  template <class Value>
+  bool answerUniform(bool isUniform, Value& value, const char* operation, int zone) {
+    if (listens()) {
+      int given = value;
+      onUniform(callText(operation, zone), isUniform, given);
+      value = static_cast<Value>(given);
+    }
+    return isUniform;
+  }
+
   OrvFileProvider& target_;
+  std::vector<int> handedIn_;
 };
 
 }  // namespace velto::testing

@@ -50,6 +50,23 @@ class MeshDamage {
   /// The last thing that is done with the mesh.
   std::string removal();
 
+  // mesh_damage_values.cpp: what the families hold for faces and cells
+  std::string elementId();
+  /// One cell for all faces of a zone.
+  std::string sideCells();
+  std::string shadowFaces();
+  std::string typesOfCells();
+  /// Another count for an element, or for all of a zone; the list may follow.
+  std::string elementCount();
+
+  // mesh_damage_lists.cpp: lengths of lists, counts told one by one or once, lists of zones
+  std::string listLength();
+  std::string uniformity();
+  /// A zone into, or out of, any family of faces or cells.
+  std::string listing();
+  std::string listOrder();
+  std::string countByOne();
+
  private:
   base::ZoneRecord& zone(int id) { return mesh_.zones[id]; }
   static std::string zoneText(int id) { return "zone " + std::to_string(id) + ": "; }
@@ -57,6 +74,22 @@ class MeshDamage {
 
   /// Makes the number of elements of a category fit what its zones say.
   std::string recount(OrvZoneCategory category);
+
+  /// The ids that a family holds for a zone.
+  struct IdList {
+    base::Family family{};
+    int zone = 0;
+    memory::Slice<std::uint64_t>* ids = nullptr;
+  };
+
+  /// Any list of ids; a null one if there is none.
+  IdList anyIdList();
+
+  /// Makes a counted list as long as its counts say.
+  void fitList(const IdList& list);
+
+  template <class Action>
+  auto withList(base::Family family, const Action& action);
 
   memory::Case& case_;
   base::MeshKey key_;

@@ -4,6 +4,7 @@
 
 #include "testing/ScriptedProvider.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velto::testing {
@@ -54,6 +55,20 @@ void ScriptedProvider::answerDelivered(const std::string& call, std::size_t deli
   delivered_[call] = delivered;
 }
 
+void ScriptedProvider::leaveList(const std::string& call) { leftLists_[call] = {}; }
+
+void ScriptedProvider::deliverAtMost(const std::string& call, std::size_t most) {
+  most_[call] = most;
+}
+
+void ScriptedProvider::answerElement(const std::string& call, std::uint64_t value) {
+  elements_[call] = value;
+}
+
+void ScriptedProvider::answerUniform(const std::string& call, std::optional<int> value) {
+  uniform_[call] = value;
+}
+
 void ScriptedProvider::answerVersion(int major, int minor, int patch) {
   version_ = {major, minor, patch};
 }
@@ -85,6 +100,28 @@ void ScriptedProvider::onCall(const std::string& call) {
 void ScriptedProvider::onList(const std::string& call, std::vector<int>& list) {
   if (const std::vector<int>* answer = answerFor(lists_, call)) {
     list = *answer;
+  }
+  if (answerFor(leftLists_, call) != nullptr) {
+    list = handedIn();
+  }
+}
+
+void ScriptedProvider::onLength(const std::string& call, std::size_t& n) {
+  if (const std::size_t* most = answerFor(most_, call)) {
+    n = std::min(n, *most);
+  }
+}
+
+void ScriptedProvider::onElement(const std::string& call, std::uint64_t& value) {
+  if (const std::uint64_t* answer = answerFor(elements_, call)) {
+    value = *answer;
+  }
+}
+
+void ScriptedProvider::onUniform(const std::string& call, bool& isUniform, int& value) {
+  if (const std::optional<int>* answer = answerFor(uniform_, call)) {
+    isUniform = answer->has_value();
+    value = answer->value_or(value);
   }
 }
 

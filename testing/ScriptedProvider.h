@@ -6,10 +6,12 @@
 #define VELTO_TESTING_SCRIPTED_PROVIDER_H
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "embedded/base/OrvBaseState.h"
@@ -36,7 +38,8 @@ struct ServedCase {
 ///     provider->answerList("getMeshIds", {3, 1});
 ///
 /// A call is named as CallScript says. Lists and numbers that are answered replace what the case
-/// would give, after the call was carried out.
+/// would give, after the call was carried out; what stands under the whole text of a call comes
+/// before what stands under its operation.
 class ScriptedProvider : private ServedCase,
                          public ForwardingProvider,
                          private base::QueryObserver {
@@ -55,8 +58,20 @@ class ScriptedProvider : private ServedCase,
   /// Replaces a list: of meshes, targets, partitions, zones of a category, or of a family.
   void answerList(const std::string& call, std::vector<int> list);
 
+  /// Gives a list back as it was handed in.
+  void leaveList(const std::string& call);
+
   /// Replaces what a read says that it delivered.
   void answerDelivered(const std::string& call, std::size_t delivered);
+
+  /// Has a read that tells nothing of it deliver so many values at most.
+  void deliverAtMost(const std::string& call, std::size_t most);
+
+  /// Replaces the cell beside a face, its shadow, or the type of a cell: "getFaceCell0(7)".
+  void answerElement(const std::string& call, std::uint64_t value);
+
+  /// Replaces the one count or type of a zone; without a value the answer is that there is none.
+  void answerUniform(const std::string& call, std::optional<int> value);
 
   void answerVersion(int major, int minor, int patch);
 
@@ -68,6 +83,9 @@ class ScriptedProvider : private ServedCase,
   void onCall(const std::string& call) override;
   void onList(const std::string& call, std::vector<int>& list) override;
   void onDelivered(const std::string& call, std::size_t& delivered) override;
+  void onLength(const std::string& call, std::size_t& n) override;
+  void onElement(const std::string& call, std::uint64_t& value) override;
+  void onUniform(const std::string& call, bool& isUniform, int& value) override;
 
  private:
   void onQuery(const std::string& call) override;
@@ -76,7 +94,11 @@ class ScriptedProvider : private ServedCase,
   std::string name_;
   std::optional<std::string> refusal_;
   std::map<std::string, std::vector<int>> lists_;
+  std::map<std::string, std::monostate> leftLists_;
   std::map<std::string, std::size_t> delivered_;
+  std::map<std::string, std::size_t> most_;
+  std::map<std::string, std::uint64_t> elements_;
+  std::map<std::string, std::optional<int>> uniform_;
   std::optional<base::FileVersion> version_;
 };
 

@@ -9,7 +9,7 @@ namespace velto::testing {
 // --- Node coordinates ----------------------------------------------------------------------------
 
 void ForwardingProvider::beginNodeCoordinates(std::vector<int>& zoneIds) {
-  tell("beginNodeCoordinates");
+  tellWithList(zoneIds, "beginNodeCoordinates");
   target_.beginNodeCoordinates(zoneIds);
   answer(zoneIds, "beginNodeCoordinates");
 }
@@ -29,7 +29,7 @@ void ForwardingProvider::endNodeCoordinates() {
 // --- Face nodes ----------------------------------------------------------------------------------
 
 void ForwardingProvider::beginFaceNodes(std::vector<int>& zoneIds) {
-  tell("beginFaceNodes");
+  tellWithList(zoneIds, "beginFaceNodes");
   target_.beginFaceNodes(zoneIds);
   answer(zoneIds, "beginFaceNodes");
 }
@@ -41,12 +41,13 @@ void ForwardingProvider::beginFaceNodeCounts() {
 
 bool ForwardingProvider::getUniformFaceNodeCount(int zoneId, short& count) {
   tell("getUniformFaceNodeCount", zoneId);
-  return target_.getUniformFaceNodeCount(zoneId, count);
+  const bool isUniform = target_.getUniformFaceNodeCount(zoneId, count);
+  return answerUniform(isUniform, count, "getUniformFaceNodeCount", zoneId);
 }
 
 void ForwardingProvider::readFaceNodeCounts(int zoneId, short* counts, std::size_t n) {
   tell("readFaceNodeCounts", zoneId, n);
-  target_.readFaceNodeCounts(zoneId, counts, n);
+  target_.readFaceNodeCounts(zoneId, counts, asked(n, "readFaceNodeCounts", zoneId));
 }
 
 void ForwardingProvider::endFaceNodeCounts() {
@@ -61,7 +62,7 @@ void ForwardingProvider::beginFaceNodeIds() {
 
 void ForwardingProvider::readFaceNodeIds(int zoneId, std::uint64_t* ids, std::size_t n) {
   tell("readFaceNodeIds", zoneId, n);
-  target_.readFaceNodeIds(zoneId, ids, n);
+  target_.readFaceNodeIds(zoneId, ids, asked(n, "readFaceNodeIds", zoneId));
 }
 
 void ForwardingProvider::endFaceNodeIds() {
@@ -77,19 +78,19 @@ void ForwardingProvider::endFaceNodes() {
 // --- The cells beside a face, shadow faces, face tree --------------------------------------------
 
 void ForwardingProvider::beginFaceCell0(std::vector<int>& zoneIds) {
-  tell("beginFaceCell0");
+  tellWithList(zoneIds, "beginFaceCell0");
   target_.beginFaceCell0(zoneIds);
   answer(zoneIds, "beginFaceCell0");
 }
 
 std::uint64_t ForwardingProvider::getFaceCell0(std::uint64_t faceId) {
   tell("getFaceCell0", faceId);
-  return target_.getFaceCell0(faceId);
+  return answerElement(target_.getFaceCell0(faceId), "getFaceCell0", faceId);
 }
 
 void ForwardingProvider::readFaceCell0(int zoneId, std::uint64_t* cellIds, std::size_t n) {
   tell("readFaceCell0", zoneId, n);
-  target_.readFaceCell0(zoneId, cellIds, n);
+  target_.readFaceCell0(zoneId, cellIds, asked(n, "readFaceCell0", zoneId));
 }
 
 void ForwardingProvider::endFaceCell0() {
@@ -98,19 +99,19 @@ void ForwardingProvider::endFaceCell0() {
 }
 
 void ForwardingProvider::beginFaceCell1(std::vector<int>& zoneIds) {
-  tell("beginFaceCell1");
+  tellWithList(zoneIds, "beginFaceCell1");
   target_.beginFaceCell1(zoneIds);
   answer(zoneIds, "beginFaceCell1");
 }
 
 std::uint64_t ForwardingProvider::getFaceCell1(std::uint64_t faceId) {
   tell("getFaceCell1", faceId);
-  return target_.getFaceCell1(faceId);
+  return answerElement(target_.getFaceCell1(faceId), "getFaceCell1", faceId);
 }
 
 void ForwardingProvider::readFaceCell1(int zoneId, std::uint64_t* cellIds, std::size_t n) {
   tell("readFaceCell1", zoneId, n);
-  target_.readFaceCell1(zoneId, cellIds, n);
+  target_.readFaceCell1(zoneId, cellIds, asked(n, "readFaceCell1", zoneId));
 }
 
 void ForwardingProvider::endFaceCell1() {
@@ -119,14 +120,14 @@ void ForwardingProvider::endFaceCell1() {
 }
 
 void ForwardingProvider::beginFaceShadows(std::vector<int>& zoneIds) {
-  tell("beginFaceShadows");
+  tellWithList(zoneIds, "beginFaceShadows");
   target_.beginFaceShadows(zoneIds);
   answer(zoneIds, "beginFaceShadows");
 }
 
 std::uint64_t ForwardingProvider::getFaceShadow(std::uint64_t faceId) {
   tell("getFaceShadow", faceId);
-  return target_.getFaceShadow(faceId);
+  return answerElement(target_.getFaceShadow(faceId), "getFaceShadow", faceId);
 }
 
 void ForwardingProvider::endFaceShadows() {
@@ -136,7 +137,7 @@ void ForwardingProvider::endFaceShadows() {
 
 void ForwardingProvider::beginFaceTree(std::vector<int>& parentZoneIds,
                                        std::vector<int>& childZoneIds) {
-  tell("beginFaceTree");
+  tellWithList(parentZoneIds, "beginFaceTree");
   target_.beginFaceTree(parentZoneIds, childZoneIds);
   answer(parentZoneIds, "beginFaceTree");
 }
@@ -149,19 +150,20 @@ void ForwardingProvider::endFaceTree() {
 // --- Cell types ----------------------------------------------------------------------------------
 
 void ForwardingProvider::beginCellTypes(std::vector<int>& zoneIds) {
-  tell("beginCellTypes");
+  tellWithList(zoneIds, "beginCellTypes");
   target_.beginCellTypes(zoneIds);
   answer(zoneIds, "beginCellTypes");
 }
 
 bool ForwardingProvider::getUniformCellType(int zoneId, int& type) {
   tell("getUniformCellType", zoneId);
-  return target_.getUniformCellType(zoneId, type);
+  const bool isUniform = target_.getUniformCellType(zoneId, type);
+  return answerUniform(isUniform, type, "getUniformCellType", zoneId);
 }
 
 int ForwardingProvider::getCellType(std::uint64_t cellId) {
   tell("getCellType", cellId);
-  return target_.getCellType(cellId);
+  return answerElement(target_.getCellType(cellId), "getCellType", cellId);
 }
 
 std::size_t ForwardingProvider::readCellTypes(int zoneId, int* types, std::size_t n) {
@@ -179,7 +181,7 @@ void ForwardingProvider::endCellTypes() {
 // --- Cell nodes ----------------------------------------------------------------------------------
 
 void ForwardingProvider::beginCellNodes(std::vector<int>& zoneIds) {
-  tell("beginCellNodes");
+  tellWithList(zoneIds, "beginCellNodes");
   target_.beginCellNodes(zoneIds);
   answer(zoneIds, "beginCellNodes");
 }
@@ -191,12 +193,13 @@ void ForwardingProvider::beginCellNodeCounts() {
 
 bool ForwardingProvider::getUniformCellNodeCount(int zoneId, short& count) {
   tell("getUniformCellNodeCount", zoneId);
-  return target_.getUniformCellNodeCount(zoneId, count);
+  const bool isUniform = target_.getUniformCellNodeCount(zoneId, count);
+  return answerUniform(isUniform, count, "getUniformCellNodeCount", zoneId);
 }
 
 void ForwardingProvider::readCellNodeCounts(int zoneId, short* counts, std::size_t n) {
   tell("readCellNodeCounts", zoneId, n);
-  target_.readCellNodeCounts(zoneId, counts, n);
+  target_.readCellNodeCounts(zoneId, counts, asked(n, "readCellNodeCounts", zoneId));
 }
 
 void ForwardingProvider::endCellNodeCounts() {
@@ -211,7 +214,7 @@ void ForwardingProvider::beginCellNodeIds() {
 
 void ForwardingProvider::readCellNodeIds(int zoneId, std::uint64_t* ids, std::size_t n) {
   tell("readCellNodeIds", zoneId, n);
-  target_.readCellNodeIds(zoneId, ids, n);
+  target_.readCellNodeIds(zoneId, ids, asked(n, "readCellNodeIds", zoneId));
 }
 
 void ForwardingProvider::endCellNodeIds() {
@@ -227,7 +230,7 @@ void ForwardingProvider::endCellNodes() {
 // --- Cell faces ----------------------------------------------------------------------------------
 
 void ForwardingProvider::beginCellFaces(std::vector<int>& zoneIds) {
-  tell("beginCellFaces");
+  tellWithList(zoneIds, "beginCellFaces");
   target_.beginCellFaces(zoneIds);
   answer(zoneIds, "beginCellFaces");
 }
@@ -239,12 +242,13 @@ void ForwardingProvider::beginCellFaceCounts() {
 
 bool ForwardingProvider::getUniformCellFaceCount(int zoneId, short& count) {
   tell("getUniformCellFaceCount", zoneId);
-  return target_.getUniformCellFaceCount(zoneId, count);
+  const bool isUniform = target_.getUniformCellFaceCount(zoneId, count);
+  return answerUniform(isUniform, count, "getUniformCellFaceCount", zoneId);
 }
 
 void ForwardingProvider::readCellFaceCounts(int zoneId, short* counts, std::size_t n) {
   tell("readCellFaceCounts", zoneId, n);
-  target_.readCellFaceCounts(zoneId, counts, n);
+  target_.readCellFaceCounts(zoneId, counts, asked(n, "readCellFaceCounts", zoneId));
 }
 
 void ForwardingProvider::endCellFaceCounts() {
@@ -259,7 +263,7 @@ void ForwardingProvider::beginCellFaceIds() {
 
 void ForwardingProvider::readCellFaceIds(int zoneId, std::uint64_t* ids, std::size_t n) {
   tell("readCellFaceIds", zoneId, n);
-  target_.readCellFaceIds(zoneId, ids, n);
+  target_.readCellFaceIds(zoneId, ids, asked(n, "readCellFaceIds", zoneId));
 }
 
 void ForwardingProvider::endCellFaceIds() {
@@ -275,7 +279,7 @@ void ForwardingProvider::endCellFaces() {
 // --- Cell partitions -----------------------------------------------------------------------------
 
 void ForwardingProvider::beginCellPartitions(std::vector<int>& zoneIds) {
-  tell("beginCellPartitions");
+  tellWithList(zoneIds, "beginCellPartitions");
   target_.beginCellPartitions(zoneIds);
   answer(zoneIds, "beginCellPartitions");
 }
@@ -287,7 +291,7 @@ int ForwardingProvider::getCellPartitionInfo(int zoneId) {
 
 void ForwardingProvider::readCellPartitions(int zoneId, int* partitions, std::size_t n) {
   tell("readCellPartitions", zoneId, n);
-  target_.readCellPartitions(zoneId, partitions, n);
+  target_.readCellPartitions(zoneId, partitions, asked(n, "readCellPartitions", zoneId));
 }
 
 void ForwardingProvider::endCellPartitions() {

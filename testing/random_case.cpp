@@ -11,6 +11,7 @@
 #include "embedded/base/shapes.h"
 #include "testing/random_model.h"
 #include "testing/random_pick.h"
+#include "testing/random_values.h"
 
 namespace velto::testing {
 
@@ -48,6 +49,7 @@ class SoundMesh {
       addRelation();
     }
     listCellZones();
+    addSoundValues(mesh_, data_, random_);
   }
 
  private:
@@ -171,8 +173,8 @@ class SoundMesh {
     settleInteriorZones();
   }
 
-  /// Whether an interior zone of one side lies in a body is told by its first face, of which
-  /// nothing is known here.
+  /// Whether an interior zone of one side lies in a body is told by its first face, which may name
+  /// any cells.
   void settleInteriorZones() {
     for (const int face : mesh_.idsOf(zoneCategoryFace)) {
       ZoneRecord& settled = zone(face);
@@ -190,12 +192,14 @@ class SoundMesh {
     if (random_.chance(40)) {
       random_.shuffle(cells);
     }
+    const bool mayListFaces =
+        !isRestart_ && mayHavePolyhedra_ && !mesh_.idsOf(zoneCategoryFace).empty();
     const int listed = isRestart_ ? random_.pick<int>({0, 50, 50, 100}) : 100;
     for (const int cell : cells) {
       if (!random_.chance(listed)) {
         continue;
       }
-      if (!isRestart_ && mayHavePolyhedra_ && random_.chance(40)) {
+      if (mayListFaces && random_.chance(40)) {
         data_.cellFaces[cell];
         zone(cell).cellInfo[cellZoneCellType] = base::cellShapePolyhedron;
       } else {

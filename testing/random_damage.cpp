@@ -35,13 +35,21 @@ using Kind = std::string (MeshDamage::*)();
 const std::vector<Kind>& kinds() {
   static const std::vector<Kind> kKinds = [] {
     const std::pair<std::size_t, Kind> weighted[] = {
-        {1, &MeshDamage::dimension}, {4, &MeshDamage::dimensionOfZone}, {5, &MeshDamage::count},
-        {7, &MeshDamage::zoneSize},  {9, &MeshDamage::range},           {4, &MeshDamage::growth},
-        {3, &MeshDamage::twin},      {11, &MeshDamage::zoneList},       {5, &MeshDamage::name},
-        {5, &MeshDamage::faceInfo},  {12, &MeshDamage::faceLink},       {6, &MeshDamage::cellType},
-        {4, &MeshDamage::cellLink},  {8, &MeshDamage::relation},        {12, &MeshDamage::family},
-        {5, &MeshDamage::tree},      {2, &MeshDamage::record},          {3, &MeshDamage::copy},
-        {1, &MeshDamage::removal}};
+        {1, &MeshDamage::dimension},     {4, &MeshDamage::dimensionOfZone},
+        {5, &MeshDamage::count},         {7, &MeshDamage::zoneSize},
+        {9, &MeshDamage::range},         {4, &MeshDamage::growth},
+        {3, &MeshDamage::twin},          {11, &MeshDamage::zoneList},
+        {5, &MeshDamage::name},          {5, &MeshDamage::faceInfo},
+        {12, &MeshDamage::faceLink},     {6, &MeshDamage::cellType},
+        {4, &MeshDamage::cellLink},      {20, &MeshDamage::relation},
+        {12, &MeshDamage::family},       {5, &MeshDamage::tree},
+        {2, &MeshDamage::record},        {3, &MeshDamage::copy},
+        {1, &MeshDamage::removal},       {14, &MeshDamage::elementId},
+        {6, &MeshDamage::sideCells},     {5, &MeshDamage::shadowFaces},
+        {10, &MeshDamage::typesOfCells}, {10, &MeshDamage::elementCount},
+        {6, &MeshDamage::listLength},    {5, &MeshDamage::uniformity},
+        {10, &MeshDamage::listing},      {3, &MeshDamage::listOrder},
+        {4, &MeshDamage::countByOne}};
     std::vector<Kind> all;
     for (const auto& [weight, kind] : weighted) {
       all.insert(all.end(), weight, kind);
@@ -51,9 +59,7 @@ const std::vector<Kind>& kinds() {
   return kKinds;
 }
 
-}  // namespace
-
-std::string damage(memory::Case& damaged, Random& random) {
+std::string damageOnce(memory::Case& damaged, Random& random) {
   if (damaged.tables.meshes.empty() || random.chance(3)) {
     return damageHead(damaged.tables, random);
   }
@@ -68,6 +74,19 @@ std::string damage(memory::Case& damaged, Random& random) {
   const Kind kind = random.pick(kinds());
   MeshDamage mesh(damaged, key, random);
   return meshText(key) + ": " + (mesh.*kind)();
+}
+
+}  // namespace
+
+std::string damage(memory::Case& damaged, Random& random, Sizes sizes) {
+  while (true) {
+    memory::Case tried = damaged;
+    std::string text = damageOnce(tried, random);
+    if (sizes == Sizes::any || isSmall(tried)) {
+      damaged = std::move(tried);
+      return text;
+    }
+  }
 }
 
 }  // namespace velto::testing

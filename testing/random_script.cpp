@@ -183,6 +183,22 @@ const std::vector<std::string>& calls() {
   return kCalls;
 }
 
+const std::vector<std::string>& deepCalls() {
+  static const std::vector<std::string> kCalls = {
+      "beginFaceNodes",     "getUniformFaceNodeCount", "readFaceNodeCounts",
+      "endFaceNodeCounts",  "readFaceNodeIds",         "endFaceNodeIds",
+      "endFaceNodes",       "beginCellNodes",          "getUniformCellNodeCount",
+      "readCellNodeCounts", "readCellNodeIds",         "endCellNodeIds",
+      "endCellNodes",       "beginCellFaces",          "getUniformCellFaceCount",
+      "readCellFaceCounts", "readCellFaceIds",         "endCellFaces",
+      "beginCellTypes",     "getUniformCellType",      "getCellType",
+      "endCellTypes",       "beginFaceCell0",          "getFaceCell0",
+      "endFaceCell0",       "beginFaceCell1",          "getFaceCell1",
+      "endFaceCell1",       "beginFaceShadows",        "getFaceShadow",
+      "endFaceShadows"};
+  return kCalls;
+}
+
 bool isCountable(const std::string& call, ModelWalk walk) {
   static const std::set<std::string> kOfABuild = {
       "getFaceZoneInfo", "getCellZoneInfo",    "getZoneSizeInfo",     "getZoneStringInfo",
@@ -196,7 +212,7 @@ bool isCountable(const std::string& call, ModelWalk walk) {
 
 std::string anyCall(ModelWalk walk, Random& random) {
   while (true) {
-    std::string call = random.pick(calls());
+    std::string call = random.pick(random.chance(65) ? calls() : deepCalls());
     if (isCountable(call, walk)) {
       return call;
     }
@@ -218,10 +234,10 @@ int anyEntry(const std::string& call, const memory::Case& served, Random& random
   if (call == "getPartitionIds") {
     return key.partition;
   }
-  const OrvZoneCategory category = call == "getZoneIds(0)" ? zoneCategoryNode
-                                   : call == "getZoneIds(2)" || call == "beginFaceTree"
-                                       ? zoneCategoryFace
-                                       : zoneCategoryCell;
+  const bool isOfFaces = call == "getZoneIds(2)" || call.find("Face") != std::string::npos;
+  const OrvZoneCategory category = call == "getZoneIds(0)"                 ? zoneCategoryNode
+                                   : isOfFaces && call != "beginCellFaces" ? zoneCategoryFace
+                                                                           : zoneCategoryCell;
   return anyLink(served.tables.meshes.at(key), category, random);
 }
 
@@ -229,13 +245,69 @@ std::string answerOtherwise(ScriptedProvider& provider, const memory::Case& serv
                             Random& random) {
   const std::string call = random.pick<std::string>(
       {"getMeshIds", "getTargets", "getPartitionIds", "getZoneIds(0)", "getZoneIds(2)",
-       "getZoneIds(3)", "beginFaceTree", "beginCellNodes", "beginCellFaces"});
+       "getZoneIds(3)", "beginFaceTree", "beginCellNodes", "beginCellFaces", "beginFaceNodes",
+       "beginFaceCell0", "beginFaceCell1", "beginFaceShadows", "beginCellTypes"});
   std::vector<int> answer(random.below(6));
   for (int& entry : answer) {
     entry = anyEntry(call, served, random);
   }
   provider.answerList(call, answer);
   return call + " answers " + base::argumentText(answer);
+}
+
+// --- What the families give ---------------------------------------------------------------------
+
+std::string leaveAList(ScriptedProvider& provider, Random& random) {
+  const std::string call = random.pick<std::string>(
+      {"beginFaceNodes", "beginFaceCell0", "beginFaceCell1", "beginFaceShadows", "beginFaceTree",
+       "beginCellNodes", "beginCellFaces", "beginCellTypes"});
+  provider.leaveList(call);
+  return call + " leaves its list alone";
+}
+
+std::string cutReads(ScriptedProvider& provider, Random& random) {
+  const std::string call =
+      random.pick<std::string>({"readFaceNodeCounts", "readFaceNodeIds", "readCellNodeCounts",
+                                "readCellNodeIds", "readCellFaceCounts", "readCellFaceIds"});
+  const std::size_t most = random.pick<std::size_t>({0, 1, 3, 8, 15, 30});
+  provider.deliverAtMost(call, most);
+  return call + " delivers " + std::to_string(most) + " values at most";
+}
+
+std::string answerForAnElement(ScriptedProvider& provider, const MeshTables& mesh, Random& random) {
+  const std::string call = random.pick<std::string>(
+      {"getFaceCell0", "getFaceCell0", "getFaceCell1", "getFaceShadow", "getCellType"});
+  const std::uint64_t cells = mesh.size(meshCellCount);
+  const std::uint64_t faces = mesh.size(meshFaceCount);
+  const std::uint64_t most = call == "getCellType" ? cells : faces;
+  const std::uint64_t element = 1 + random.below(static_cast<std::size_t>(most));
+  const std::uint64_t any = random.below(12);
+  const std::uint64_t huge = random.pick(edgeSizes());
+  const auto value = random.pick<std::uint64_t>({0, any, any, any, cells, cells + 1, faces, huge});
+  const std::string which = random.chance(85) ? callText(call, element) : call;
+  provider.answerElement(which, value);
+  return which + " answers " + std::to_string(value);
+}
+
+std::string answerForAZone(ScriptedProvider& provider, const MeshTables& mesh, Random& random) {
+  const std::string call =
+      random.pick<std::string>({"getUniformFaceNodeCount", "getUniformCellNodeCount",
+                                "getUniformCellFaceCount", "getUniformCellType"});
+  const bool isOfFaces = call == "getUniformFaceNodeCount";
+  const int zone = anyZone(mesh, isOfFaces ? zoneCategoryFace : zoneCategoryCell, random);
+  const int number = random.chance(95) ? random.between(0, 10) : -1;
+  const std::optional<int> value = random.chance(30) ? std::nullopt : std::make_optional(number);
+  const std::string which = random.chance(85) ? callText(call, zone) : call;
+  provider.answerUniform(which, value);
+  return which + " answers " + valueText(value);
+}
+
+std::string giveOtherValues(ScriptedProvider& provider, const MeshTables& mesh, Random& random) {
+  const int choice = random.between(0, 99);
+  return choice < 35   ? leaveAList(provider, random)
+         : choice < 50 ? cutReads(provider, random)
+         : choice < 75 ? answerForAnElement(provider, mesh, random)
+                       : answerForAZone(provider, mesh, random);
 }
 
 std::string answerAnotherVersion(ScriptedProvider& provider, Random& random) {
@@ -255,8 +327,11 @@ std::string misbehave(ScriptedProvider& provider, const memory::Case& served, Mo
   if (choice < 25) {
     return answerOtherwise(provider, served, random);
   }
-  const std::string call = anyCall(walk, random);
   const MeshTables& mesh = anyTables(served, random);
+  if (choice < 45) {
+    return giveOtherValues(provider, mesh, random);
+  }
+  const std::string call = anyCall(walk, random);
   Event event = anyEvent(mesh, walk, random);
   if (random.chance(6)) {
     provider.on(call, std::move(event.action));

@@ -20,9 +20,10 @@ namespace velto::testing {
 enum class ModelWalk { asksNoModel, asksModel, buildsModel };
 
 /// Makes a provider of `served` do one random thing while it is read, and tells in a few words what
-/// it will be: it posts warnings and errors at some call, answers a list or its version otherwise,
-/// changes its tables, or moves the selection. Two providers of the same case that get the same
-/// draws misbehave in the same way. The calls are those of a checker.
+/// it will be: it posts warnings and errors at some call, answers a list, its version or a value of
+/// a family otherwise, delivers less than it has, changes its tables, or moves the selection. Two
+/// providers of the same case that get the same draws misbehave in the same way. The calls are
+/// those of a checker.
 std::string misbehave(ScriptedProvider& provider, const memory::Case& served, ModelWalk walk,
                       Random& random);
 

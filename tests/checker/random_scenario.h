@@ -68,7 +68,7 @@ struct Judgement : CheckResult {
   std::vector<int> cellZoneConnectivityTypes;
   int cellsFromFacesMode = 0;
   NodeLists nodeLists;  // none of a run that was cut short
-  bool isCut = false;  // there was no room for what the case claims, or it was too large to try
+  bool isCut = false;   // there was no room for what the case claims, or it was too large to try
 
   friend bool operator==(const Judgement& a, const Judgement& b) {
     return a.good == b.good && a.errors == b.errors && a.warnings == b.warnings && a.out == b.out &&

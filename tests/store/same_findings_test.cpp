@@ -40,11 +40,13 @@ struct Findings {
   }
 };
 
-Findings check(const TestFactory::ProviderMaker& makeProvider, const std::string& file) {
+/// Where a case may claim anything, its elements are not gone through.
+Findings check(const TestFactory::ProviderMaker& makeProvider, const std::string& file,
+               bool isDeep) {
   const TestFactory factory(makeProvider);
   OrvChecker checker;
   checker.setVerbosity(4);
-  checker.setCheckLevel(2);
+  checker.setCheckLevel(isDeep ? 2 : 1);
   Findings findings;
   const StreamCapture captured;
   findings.isSound = checker.checkCase(file);
@@ -77,10 +79,11 @@ void expectSameFindings(const memory::Case& source, unsigned compression) {
   }
   save(source, folder.path(), compression);
   const auto shared = std::make_shared<memory::Case>(source);
+  const bool isDeep = isSmall(source);
   const Findings inMemory =
-      check([&](const std::string&) { return new memory::MemoryProvider(shared); }, file);
+      check([&](const std::string&) { return new memory::MemoryProvider(shared); }, file, isDeep);
   const Findings inFile =
-      check([](const std::string&) { return new store::StoreProvider(); }, file);
+      check([](const std::string&) { return new store::StoreProvider(); }, file, isDeep);
   EXPECT_EQ(inFile, inMemory);
 }
 
@@ -92,10 +95,11 @@ TEST_P(RandomFindings, AreTheSameOfDamagedCases) {
     const auto seed = static_cast<std::uint64_t>(GetParam()) * kCases + i;
     SCOPED_TRACE("seed " + std::to_string(seed));
     Random random(seed);
+    const Sizes sizes = random.chance(70) ? Sizes::small : Sizes::any;
     memory::Case source = randomSoundCase(random);
     std::string did;
     for (std::size_t left = random.below(4); left > 0; --left) {
-      did += damage(source, random) + "; ";
+      did += damage(source, random, sizes) + "; ";
     }
     SCOPED_TRACE(did);
     expectSameFindings(source, static_cast<unsigned>(seed % 3));

@@ -106,6 +106,54 @@ TEST(ScriptedProvider, AnswersLists) {
   EXPECT_EQ(list, std::vector<int>({2, 2}));
 }
 
+TEST(ScriptedProvider, LeavesAListAlone) {
+  ScriptedProvider provider(cases::oneHex());
+  provider.startReading("", dataClassCase);
+  provider.leaveList("beginFaceNodes");
+  std::vector<int> list = {9, 8};
+  provider.beginFaceNodes(list);
+  EXPECT_EQ(list, std::vector<int>({9, 8}));
+  provider.getZoneIds(zoneCategoryFace, list);
+  EXPECT_EQ(list, std::vector<int>({2}));
+}
+
+TEST(ScriptedProvider, DeliversLessThanItHas) {
+  ScriptedProvider provider(cases::oneHex());
+  provider.startReading("", dataClassCase);
+  provider.deliverAtMost("readFaceCell0", 4);
+  std::array<std::uint64_t, 6> cells{};
+  provider.readFaceCell0(2, cells.data(), cells.size());
+  EXPECT_EQ(cells, (std::array<std::uint64_t, 6>{1, 1, 1, 1, 0, 0}));
+  EXPECT_FALSE(provider.hasWarning());
+}
+
+TEST(ScriptedProvider, AnswersForOneElement) {
+  ScriptedProvider provider(cases::oneHex());
+  provider.startReading("", dataClassCase);
+  provider.answerElement("getFaceCell0(3)", 7);
+  provider.answerElement("getCellType", 5);
+  std::vector<int> list;
+  provider.beginFaceCell0(list);
+  EXPECT_EQ(provider.getFaceCell0(2), 1U);
+  EXPECT_EQ(provider.getFaceCell0(3), 7U);
+  provider.beginCellTypes(list);
+  EXPECT_EQ(provider.getCellType(1), 5);
+}
+
+TEST(ScriptedProvider, AnswersForAWholeZone) {
+  ScriptedProvider provider(cases::oneHex());
+  provider.startReading("", dataClassCase);
+  short count = 0;
+  EXPECT_TRUE(provider.getUniformFaceNodeCount(2, count));
+  EXPECT_EQ(count, 4);
+  provider.answerUniform("getUniformFaceNodeCount(2)", 3);
+  EXPECT_TRUE(provider.getUniformFaceNodeCount(2, count));
+  EXPECT_EQ(count, 3);
+  provider.answerUniform("getUniformCellType", std::nullopt);
+  int type = -1;
+  EXPECT_FALSE(provider.getUniformCellType(3, type));
+}
+
 TEST(ScriptedProvider, AnswersWhatAReadDelivered) {
   ScriptedProvider provider(cases::oneHex());
   provider.startReading("", dataClassCase);
