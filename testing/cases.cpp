@@ -46,10 +46,6 @@ std::vector<FaceLine> cubeFaces() {
 CasePtr asPost(CasePtr built) {
   built->tables.meshes.erase(MeshKey{});
   built->data.erase(MeshKey{});
-  return built;
-}
-
-CasePtr withoutSides(CasePtr built) {
   for (auto& mesh : built->data) {
     mesh.second.faceCell0 = {};
     mesh.second.faceCell1 = {};
@@ -151,14 +147,14 @@ CasePtr periodicPair() {
 }
 
 CasePtr postHex() {
-  return withoutSides(asPost(CaseBuilder()
-                                 .mesh(kPostMesh)
-                                 .units("m")
-                                 .nodes(1, "points", cubePoints())
-                                 .faces(2, "walls", boundaryWall, cubeFaces())
-                                 .cells(3, "fluid", cellShapeHexahedron, 1)
-                                 .cellNodes(3, {{1, 2, 3, 4, 5, 6, 7, 8}})
-                                 .build()));
+  return asPost(CaseBuilder()
+                    .mesh(kPostMesh)
+                    .units("m")
+                    .nodes(1, "points", cubePoints())
+                    .faces(2, "walls", boundaryWall, cubeFaces())
+                    .cells(3, "fluid", cellShapeHexahedron, 1)
+                    .cellNodes(3, {{1, 2, 3, 4, 5, 6, 7, 8}})
+                    .build());
 }
 
 CasePtr postPolyhedron() {

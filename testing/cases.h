@@ -53,8 +53,8 @@ CasePtr periodicPair();
 /// another, and no cell is known beside a face.
 CasePtr postHex();
 
-/// The unit cube as a post target whose cell zone 3 "fluid" is one polyhedron that lists its faces;
-/// the faces know it as well, since a checker goes by them.
+/// The unit cube as a post target whose cell zone 3 "fluid" is one polyhedron that lists its faces.
+/// No face knows its cell, which a check at level 2 takes for a lack of faces.
 CasePtr postPolyhedron();
 
 /// oneHex() with the phases 1 "water" and 2 "air": temperature and velocity on the nodes, pressure
