@@ -5,14 +5,10 @@
 // on the provider and looks at nothing. `peak_MB` is the most that was allocated at a time beyond
 // what the provider held before.
 
-#include <algorithm>
-#include <atomic>
 #include <benchmark/benchmark.h>
 #include <cstdint>
-#include <cstdlib>
 #include <malloc.h>
 #include <memory>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -22,6 +18,7 @@
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
 
+#include "benchmarks/counted_memory.h"
 #include "embedded/memory/MemoryProvider.h"
 #include "embedded/memory/load_case.h"
 #include "embedded/store/StoreProvider.h"
@@ -29,36 +26,12 @@
 #include "samples/samples.h"
 #include "testing/TempFolder.h"
 #include "testing/TestFactory.h"
-
-// --- Memory -------------------------------------------------------------------------------------
-
-namespace {
-
-std::atomic<std::size_t> allocated{0};
-std::atomic<std::size_t> peak{0};
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* block = std::malloc(size);
-  if (block == nullptr) {
-    throw std::bad_alloc();
-  }
-  const std::size_t now = allocated += malloc_usable_size(block);
-  peak = std::max(peak.load(), now);
-  return block;
-}
-
-void operator delete(void* block) noexcept {
-  allocated -= malloc_usable_size(block);
-  std::free(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
+#include "tests/checker/checker_access.h"
 
 namespace {
 
 using namespace velto;
+namespace checker_access = testing::checker_access;
 
 // --- Cases --------------------------------------------------------------------------------------
 
@@ -111,52 +84,25 @@ class Served {
 
 // --- A check by itself --------------------------------------------------------------------------
 
-using Check = bool (OrvChecker::*)();
-
-/// An explicit instantiation may name private members.
-template <class Tag, Check kCheck>
-struct Grant {
-  friend Check checkOf(Tag) { return kCheck; }
-};
-struct FaceConnectivity {
-  friend Check checkOf(FaceConnectivity);
-};
-struct CellConnectivity {
-  friend Check checkOf(CellConnectivity);
-};
-struct FaceCounts {
-  friend Check checkOf(FaceCounts);
-};
-struct NodesOfPairs {
-  friend Check checkOf(NodesOfPairs);
-};
-struct Shadows {
-  friend Check checkOf(Shadows);
-};
-template struct Grant<FaceConnectivity, &OrvChecker::checkFaceConnectivity>;
-template struct Grant<CellConnectivity, &OrvChecker::checkCellConnectivity>;
-template struct Grant<FaceCounts, &OrvChecker::checkCellsFromFaces_facenode>;
-template struct Grant<NodesOfPairs, &OrvChecker::checkCellsFromFaces_cellnode>;
-template struct Grant<Shadows, &OrvChecker::checkFacesShadowZones>;
+using Check = bool (*)(OrvChecker&);
 
 void report(benchmark::State& state, std::size_t before) {
   state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
-  state.counters["peak_MB"] = static_cast<double>(peak - before) / 1e6;
+  state.counters["peak_MB"] = static_cast<double>(benchmarks::peakBytes() - before) / 1e6;
 }
 
 /// The case stays open, as it was left by a run at level 1.
-template <class Tag>
-void check(benchmark::State& state, const char* sample) {
+void check(benchmark::State& state, const char* sample, Check run) {
   const Served& served = Served::of(sample, state);
   const testing::TestFactory factory([&](const std::string&) { return served.makeProvider(); });
   OrvChecker checker;
   checker.setVerbosity(0);
   checker.checkCase(served.file());
-  const Check run = checkOf(Tag{});
-  (checker.*run)();  // what the provider reads once and keeps is there now
-  const std::size_t before = peak = allocated.load();
+  const std::size_t before = benchmarks::allocatedBytes();
+  run(checker);  // now there is what the provider reads once and keeps
+  benchmarks::forgetPeak();
   for ([[maybe_unused]] const auto& iteration : state) {
-    if (!(checker.*run)() || !checker.getErrors().empty()) {
+    if (!run(checker) || !checker.getErrors().empty()) {
       state.SkipWithError("the case is not sound");
     }
   }
@@ -170,8 +116,9 @@ void callOnly(benchmark::State& state, const char* sample, const Calls& calls) {
   const std::unique_ptr<OrvFileIO> owner(served.makeProvider());
   auto& source = dynamic_cast<OrvFileProvider&>(*owner);
   source.startReading(served.file(), dataClassCase);
+  const std::size_t before = benchmarks::allocatedBytes();
   calls(source);
-  const std::size_t before = peak = allocated.load();
+  benchmarks::forgetPeak();
   for ([[maybe_unused]] const auto& iteration : state) {
     calls(source);
   }
@@ -215,60 +162,60 @@ void readLists(OrvProvider& source, const CountedReadFamily& family) {
   (source.*family.end)();
 }
 
-void askSides(OrvProvider& source) {
+/// A question for each element of the zones that a family lists.
+template <class Ask>
+void askEach(OrvProvider& source, const ReadFamily& family, const Ask& ask) {
   std::vector<int> zones;
   std::uint64_t sum = 0;
-  source.beginFaceCell0(zones);
+  (source.*family.begin)(zones);
   for (const int zone : zones) {
     const std::uint64_t last = sizeOf(source, zone, zoneLastId);
-    for (std::uint64_t face = sizeOf(source, zone, zoneFirstId); face <= last; ++face) {
-      sum += source.getFaceCell0(face);
+    for (std::uint64_t id = sizeOf(source, zone, zoneFirstId); id <= last; ++id) {
+      sum += ask(id);
     }
   }
-  source.endFaceCell0();
-  source.beginFaceCell1(zones);
-  for (const int zone : zones) {
-    const std::uint64_t last = sizeOf(source, zone, zoneLastId);
-    for (std::uint64_t face = sizeOf(source, zone, zoneFirstId); face <= last; ++face) {
-      sum += source.getFaceCell1(face);
-    }
-  }
-  source.endFaceCell1();
+  (source.*family.end)();
   benchmark::DoNotOptimize(sum);
 }
 
+void askSides(OrvProvider& source) {
+  askEach(source, kFaceCell0, [&](std::uint64_t face) { return source.getFaceCell0(face); });
+  askEach(source, kFaceCell1, [&](std::uint64_t face) { return source.getFaceCell1(face); });
+}
+
 void askShadows(OrvProvider& source) {
-  std::vector<int> zones;
-  std::uint64_t sum = 0;
-  source.beginFaceShadows(zones);
-  for (const int zone : zones) {
-    const std::uint64_t last = sizeOf(source, zone, zoneLastId);
-    for (std::uint64_t face = sizeOf(source, zone, zoneFirstId); face <= last; ++face) {
-      sum += source.getFaceShadow(face);
-    }
-  }
-  source.endFaceShadows();
-  benchmark::DoNotOptimize(sum);
+  const ReadFamily shadows = {&OrvProvider::beginFaceShadows, &OrvProvider::endFaceShadows};
+  askEach(source, shadows, [&](std::uint64_t face) { return source.getFaceShadow(face); });
 }
 
 // --- The benchmarks -----------------------------------------------------------------------------
 
-void faceConnectivity(benchmark::State& state) { check<FaceConnectivity>(state, "box"); }
+void faceConnectivity(benchmark::State& state) {
+  check(state, "box", checker_access::checkFaceConnectivity);
+}
 void faceConnectivityReadOnly(benchmark::State& state) {
   callOnly(state, "box", [](OrvProvider& source) { readLists(source, kFaceNodes); });
 }
-void facesFromCounts(benchmark::State& state) { check<FaceCounts>(state, "box"); }
-void facesFromCountsCallsOnly(benchmark::State& state) { callOnly(state, "box", askSides); }
-void cellConnectivity(benchmark::State& state) { check<CellConnectivity>(state, "box-cells"); }
+void faceCounts(benchmark::State& state) { check(state, "box", checker_access::checkFaceCounts); }
+void faceCountsCallsOnly(benchmark::State& state) { callOnly(state, "box", askSides); }
+void cellConnectivity(benchmark::State& state) {
+  check(state, "box-cells", checker_access::checkCellConnectivity);
+}
 void cellConnectivityReadOnly(benchmark::State& state) {
   callOnly(state, "box-cells", [](OrvProvider& source) { readLists(source, kCellNodes); });
 }
-void nodesOfPairs(benchmark::State& state) { check<NodesOfPairs>(state, "box-cells"); }
-void polyhedra(benchmark::State& state) { check<CellConnectivity>(state, "polyhedra"); }
+void nodesOfPairs(benchmark::State& state) {
+  check(state, "box-cells", checker_access::checkFaceNodes);
+}
+void polyhedra(benchmark::State& state) {
+  check(state, "polyhedra", checker_access::checkCellConnectivity);
+}
 void polyhedraReadOnly(benchmark::State& state) {
   callOnly(state, "polyhedra", [](OrvProvider& source) { readLists(source, kCellFaces); });
 }
-void shadows(benchmark::State& state) { check<Shadows>(state, "periodic"); }
+void shadows(benchmark::State& state) {
+  check(state, "periodic", checker_access::checkFacesShadowZones);
+}
 void shadowsCallsOnly(benchmark::State& state) { callOnly(state, "periodic", askShadows); }
 
 void sizesAndPlaces(benchmark::internal::Benchmark* row) {
@@ -278,8 +225,8 @@ void sizesAndPlaces(benchmark::internal::Benchmark* row) {
 
 BENCHMARK(faceConnectivity)->Apply(sizesAndPlaces);
 BENCHMARK(faceConnectivityReadOnly)->Apply(sizesAndPlaces);
-BENCHMARK(facesFromCounts)->Apply(sizesAndPlaces);
-BENCHMARK(facesFromCountsCallsOnly)->Apply(sizesAndPlaces);
+BENCHMARK(faceCounts)->Apply(sizesAndPlaces);
+BENCHMARK(faceCountsCallsOnly)->Apply(sizesAndPlaces);
 BENCHMARK(cellConnectivity)->Apply(sizesAndPlaces);
 BENCHMARK(cellConnectivityReadOnly)->Apply(sizesAndPlaces);
 BENCHMARK(nodesOfPairs)->Apply(sizesAndPlaces);
@@ -290,4 +237,14 @@ BENCHMARK(shadowsCallsOnly)->Apply(sizesAndPlaces);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  // Every large block is fresh, as it is in a program that checks one case; otherwise those of the
+  // smaller meshes alone would be had for nothing after the first round.
+  mallopt(M_MMAP_THRESHOLD, 1 << 20);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -2,7 +2,6 @@
 //
 // The nodes of faces: whether each is a node of the mesh.
 
-#include <cstdlib>
 #include <iostream>
 
 #include "tests/checker/ConnectivityFixture.h"
@@ -347,9 +346,6 @@ TEST_F(FaceConnectivity, LeavesAListThatCannotBeHadToTheCaller) {
 }
 
 TEST_F(FaceConnectivity, CountsBadIdsBeyond32Bits) {
-  if (std::getenv("VELTO_LONG_TESTS") == nullptr) {
-    GTEST_SKIP() << "takes a while: set VELTO_LONG_TESTS";
-  }
   prepare([](ScriptedProvider& p) {
     p.answerList("getZoneIds(2)", std::vector<int>(65536, 2));
     p.answerList("beginFaceNodes", std::vector<int>(65536, 2));
