@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Defects: samples with one thing wrong, one for each message that a case file can provoke.
+// Defects: samples with one thing wrong, at least one for each message that a case can provoke.
 
 #ifndef VELTO_SAMPLES_DEFECTS_H
 #define VELTO_SAMPLES_DEFECTS_H
