@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "data_access/OrvBase.h"
+#include "data_access/sizes.h"
 
 namespace velto {
 
@@ -40,11 +40,8 @@ struct IdRange {
 };
 
 /// The range that a zone of the selected mesh claims.
-inline IdRange rangeOf(OrvBase& source, int zone) {
-  IdRange range;
-  source.getZoneSizeInfo(zone, zoneFirstId, range.first);
-  source.getZoneSizeInfo(zone, zoneLastId, range.last);
-  return range;
+inline IdRange rangeOf(const OrvBase& source, int zone) {
+  return {zoneSizeOf(source, zone, zoneFirstId), zoneSizeOf(source, zone, zoneLastId)};
 }
 
 }  // namespace velto

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "data_access/sizes.h"
+
 namespace velto {
 
 namespace {
@@ -46,8 +48,7 @@ std::uint64_t countOutside(const std::uint64_t* ids, std::size_t n, std::uint64_
 }
 
 std::int64_t ListCheck::lengthOf(int zone) {
-  std::uint64_t elementCount = 0;
-  source_.getZoneSizeInfo(zone, zoneElementCount, elementCount);
+  const std::uint64_t elementCount = zoneSizeOf(source_, zone, zoneElementCount);
   if (elementCount == 0) {
     return 0;
   }

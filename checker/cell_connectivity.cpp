@@ -12,12 +12,14 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "velto/OrvChecker.h"
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 #include "checker/IdList.h"
 #include "checker/ListCheck.h"
@@ -36,10 +38,8 @@ struct OrvChecker::CellPass {
 bool OrvChecker::checkCellConnectivity() {
   displayStep("checkCellConnectivity", "init");
   OrvFileProvider* source = openProvider();
-  std::uint64_t nodes = 0;
-  source->getMeshSize(meshNodeCount, nodes);
-  std::uint64_t faces = 0;
-  source->getMeshSize(meshFaceCount, faces);
+  const std::uint64_t nodes = meshSizeOf(*source, meshNodeCount);
+  const std::uint64_t faces = meshSizeOf(*source, meshFaceCount);
   std::vector<int> zones;
   source->getZoneIds(zoneCategoryCell, zones);
   checkListsOfCells({connectivityCellNode, kCellNodes, "node", nodes, true}, zones);

@@ -23,6 +23,7 @@
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 #include "checker/IdList.h"
 #include "checker/IdRange.h"
@@ -61,10 +62,8 @@ void OrvChecker::addInvalidCell(const FaceSide& side, std::uint64_t cell, std::u
 bool OrvChecker::checkCellsFromFaces_facenode() {
   displayStep("checkCellsFromFaces_facenode", "init");
   OrvFileProvider* source = openProvider();
-  std::uint64_t dimension = 0;
-  source->getMeshSize(meshDimension, dimension);
-  std::uint64_t cells = 0;
-  source->getMeshSize(meshCellCount, cells);
+  const std::uint64_t dimension = meshSizeOf(*source, meshDimension);
+  const std::uint64_t cells = meshSizeOf(*source, meshCellCount);
   std::vector<int> faceZones;
   source->getZoneIds(zoneCategoryFace, faceZones);
   // Kept: asked for and not used.

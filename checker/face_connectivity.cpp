@@ -9,6 +9,7 @@
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 #include "checker/ListCheck.h"
 
@@ -17,8 +18,7 @@ namespace velto {
 bool OrvChecker::checkFaceConnectivity() {
   displayStep("checkFaceConnectivity", "init");
   OrvFileProvider* source = openProvider();
-  std::uint64_t nodes = 0;
-  source->getMeshSize(meshNodeCount, nodes);
+  const std::uint64_t nodes = meshSizeOf(*source, meshNodeCount);
   std::vector<int> faceZones;
   source->getZoneIds(zoneCategoryFace, faceZones);
   std::vector<int> listed;

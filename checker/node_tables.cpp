@@ -15,6 +15,7 @@
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 namespace velto {
 
@@ -50,8 +51,7 @@ struct ZoneCounts {
 };
 
 ZoneCounts readCounts(OrvProvider& source, const CountedReadFamily& family, int zone) {
-  std::uint64_t elementCount = 0;
-  source.getZoneSizeInfo(zone, zoneElementCount, elementCount);
+  const std::uint64_t elementCount = zoneSizeOf(source, zone, zoneElementCount);
   ZoneCounts zoneCounts;
   if (elementCount == 0) {
     return zoneCounts;
@@ -87,8 +87,7 @@ bool OrvChecker::readNodes(const NodeTables& tables) {
   const CountedReadFamily& family = tables.family;
   displayStep(tables.step, "init");
   OrvFileProvider* source = openProvider();
-  std::uint64_t total = 0;
-  source->getMeshSize(tables.total, total);
+  const std::uint64_t total = meshSizeOf(*source, tables.total);
   std::vector<int> zones;
   source->getZoneIds(tables.category, zones);
   (source->*family.begin)(zones);

@@ -21,8 +21,10 @@
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 #include "checker/IdList.h"
+#include "checker/IdRange.h"
 #include "checker/connectivity_kinds.h"
 
 namespace velto {
@@ -43,9 +45,9 @@ struct OrvChecker::ZoneTable {
 OrvChecker::ZoneTable OrvChecker::readZoneTable(OrvMeshSizeType count, OrvZoneCategory category) {
   OrvFileProvider* source = openProvider();
   ZoneTable table;
-  source->getMeshSize(count, table.nmax);
+  table.nmax = meshSizeOf(*source, count);
   if (category != zoneCategoryNode) {
-    source->getMeshSize(meshDimension, table.dimension);
+    table.dimension = meshSizeOf(*source, meshDimension);
   }
   source->getZoneIds(category, table.ids);
   return table;
@@ -129,12 +131,8 @@ bool OrvChecker::checkZoneCommonAttributes(
   std::uint64_t lowest = 0;
   std::uint64_t highest = 0;
   for (const int zone : zoneIds) {
-    std::uint64_t start = 0;
-    std::uint64_t end = 0;
-    std::uint64_t count = 0;
-    source->getZoneSizeInfo(zone, zoneFirstId, start);
-    source->getZoneSizeInfo(zone, zoneLastId, end);
-    source->getZoneSizeInfo(zone, zoneElementCount, count);
+    const auto [start, end] = rangeOf(*source, zone);
+    const std::uint64_t count = zoneSizeOf(*source, zone, zoneElementCount);
     lowest = ranges.empty() ? start : std::min(lowest, start);
     highest = ranges.empty() ? end : std::max(highest, end);
     total += count;
@@ -194,14 +192,13 @@ bool OrvChecker::checkZoneRanges(std::vector<std::pair<int, int>> ranges, const 
 void OrvChecker::checkFaceZone(int zone, std::uint64_t dimension, const IdList& known,
                                const IdList& treeZones) {
   OrvFileProvider* source = openProvider();
-  std::uint64_t ownDimension = 0;
   int faceType = 0;
   int zoneType = 0;
   int child = 0;
   int parent0 = 0;
   int parent1 = 0;
   int shadow = 0;
-  source->getZoneSizeInfo(zone, zoneDimension, ownDimension);
+  const std::uint64_t ownDimension = zoneSizeOf(*source, zone, zoneDimension);
   source->getFaceZoneInfo(zone, faceZoneFaceType, faceType);
   source->getFaceZoneInfo(zone, faceZoneType, zoneType);
   source->getFaceZoneInfo(zone, faceZoneChild, child);
@@ -267,10 +264,9 @@ void OrvChecker::checkShadowLink(int zone, int shadow, const IdList& known) {
 void OrvChecker::checkCellZone(int zone, std::uint64_t dimension, const IdList& known,
                                int connectivity) {
   OrvFileProvider* source = openProvider();
-  std::uint64_t ownDimension = 0;
   int cellType = -1;
   int child = 0;
-  source->getZoneSizeInfo(zone, zoneDimension, ownDimension);
+  const std::uint64_t ownDimension = zoneSizeOf(*source, zone, zoneDimension);
   source->getCellZoneInfo(zone, cellZoneCellType, cellType);
   source->getCellZoneInfo(zone, cellZoneChild, child);
   if (ownDimension != dimension) {

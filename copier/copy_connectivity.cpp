@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data_access/ZoneBuffer.h"
+#include "data_access/sizes.h"
 
 #include "copier/MappedZones.h"
 #include "copier/movers.h"
@@ -55,7 +56,7 @@ void copyCountedZones(const Route& route, const CountedWriteFamily& family,
   (route.destination.*family.beginCounts)();
   ListLengths lengths;
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    const std::uint64_t elementCount = elementCountOf(route.source, zones.source[i]);
+    const std::uint64_t elementCount = zoneSizeOf(route.source, zones.source[i], zoneElementCount);
     if (elementCount != 0) {
       lengths[zones.source[i]] =
           copyCounts(route, family, zones.source[i], zones.destination[i], elementCount);
@@ -86,7 +87,7 @@ void copyCounted(const Route& route, const CountedWriteFamily& family) {
 // --- Cell types ---------------------------------------------------------------------------------
 
 void copyTypesOfZone(const Route& route, int from, int to) {
-  const std::uint64_t count = elementCountOf(route.source, from);
+  const std::uint64_t count = zoneSizeOf(route.source, from, zoneElementCount);
   if (count == 0) {
     return;
   }
@@ -128,7 +129,8 @@ void copyPartitionsOfZones(const Route& route, const MappedZones& zones) {
   // Kept: what the first zone says goes for all of them.
   route.destination.beginCellPartitions(zones.destination, info.empty() ? 0 : info.front());
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    ZoneBuffer<int> partitions(route.memory, elementCountOf(route.source, zones.source[i]));
+    ZoneBuffer<int> partitions(route.memory,
+                               zoneSizeOf(route.source, zones.source[i], zoneElementCount));
     route.source.readCellPartitions(zones.source[i], partitions.data(), partitions.size());
     route.destination.writeCellPartitions(zones.destination[i], partitions.data(),
                                           partitions.size());
@@ -141,7 +143,7 @@ void copyPartitionsOfZones(const Route& route, const MappedZones& zones) {
 void copySideOfZones(const Route& route, const SideWriteFamily& side, const MappedZones& zones) {
   (route.destination.*side.begin)(zones.destination);
   for (std::size_t i = 0; i < zones.size(); ++i) {
-    const std::uint64_t count = elementCountOf(route.source, zones.source[i]);
+    const std::uint64_t count = zoneSizeOf(route.source, zones.source[i], zoneElementCount);
     if (count != 0) {
       ZoneBuffer<std::uint64_t> cells(route.memory, count);
       (route.source.*side.read.readCells)(zones.source[i], cells.data(), cells.size());

@@ -10,6 +10,7 @@
 #include "velto/OrvCopier.h"
 
 #include "data_access/ZoneBuffer.h"
+#include "data_access/sizes.h"
 
 #include "copier/MappedZones.h"
 #include "copier/movers.h"
@@ -41,9 +42,8 @@ void judgeDelivered(int zone, std::uint64_t count, std::uint64_t dimension,
 }
 
 void copyCoordinatesOfZone(const Route& route, int from, int to) {
-  const std::uint64_t count = elementCountOf(route.source, from);
-  std::uint64_t dimension = 0;
-  route.source.getZoneSizeInfo(from, zoneDimension, dimension);
+  const std::uint64_t count = zoneSizeOf(route.source, from, zoneElementCount);
+  const std::uint64_t dimension = zoneSizeOf(route.source, from, zoneDimension);
   ZoneBuffer<double> values(route.memory, count * (dimension == 0 ? 3 : dimension));
   const std::size_t delivered =
       route.source.readNodeCoordinates(from, values.data(), values.size());

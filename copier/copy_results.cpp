@@ -12,6 +12,7 @@
 #include "data_access/OrvFileConsumer.h"
 #include "data_access/OrvFileProvider.h"
 #include "data_access/ZoneBuffer.h"
+#include "data_access/sizes.h"
 
 #include "copier/MappedZones.h"
 #include "copier/movers.h"
@@ -125,7 +126,8 @@ void declareVariables(OrvProvider& provider, OrvConsumer& consumer, const Files&
 }
 
 void copyValuesOfZone(const Route& route, int from, int to, std::size_t valuesPerEntity) {
-  ZoneBuffer<double> values(route.memory, elementCountOf(route.source, from) * valuesPerEntity);
+  ZoneBuffer<double> values(route.memory,
+                            zoneSizeOf(route.source, from, zoneElementCount) * valuesPerEntity);
   const std::size_t delivered = route.source.readVariable(from, values.data(), values.size());
   // Harmless: a claim of more values than there was room for is not followed.
   route.destination.writeVariable(to, values.data(), std::min(delivered, values.size()));

@@ -80,10 +80,4 @@ void copyZoneTopology(OrvProvider* provider, OrvConsumer* consumer, ZoneMap& zon
   }
 }
 
-std::uint64_t elementCountOf(OrvProvider& provider, int zone) {
-  std::uint64_t count = 0;
-  provider.getZoneSizeInfo(zone, zoneElementCount, count);
-  return count;
-}
-
 }  // namespace velto

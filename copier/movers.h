@@ -33,9 +33,6 @@ void copyMeshUnits(OrvProvider* provider, OrvConsumer* consumer);
 /// Carries the tables of all zones, which enter the map under their own ids.
 void copyZoneTopology(OrvProvider* provider, OrvConsumer* consumer, ZoneMap& zoneMap);
 
-/// The zoneElementCount of a source zone, 0 if there is none.
-std::uint64_t elementCountOf(OrvProvider& provider, int zone);
-
 // --- copy_connectivity.cpp: what cells and faces are made of ------------------------------------
 
 void copyCellNodes(const Route& route);

@@ -50,7 +50,8 @@ void emptyLast(memory::Case& damaged, base::Family family, const char* zone) {
   memory::CountedData& nodes =
       onlyArrays(damaged).counted(family)[zoneNamed(onlyMesh(damaged), zone)];
   const short count = nodes.uniform.value_or(0);
-  std::vector<short> counts(nodes.ids.size() / static_cast<std::size_t>(count), count);
+  const std::uint64_t elements = recordOf(damaged, zone).sizes[zoneElementCount].value_or(0);
+  std::vector<short> counts(elements, count);
   counts.back() = 0;
   nodes.uniform.reset();
   nodes.counts = memory::Slice<short>(std::move(counts));

@@ -54,6 +54,17 @@ void CheckerFixture::open(const cases::CasePtr& opened) {
   transcript.clear();
 }
 
+CheckResult CheckerFixture::runStep(Step step) {
+  const StreamCapture streams;
+  CheckResult result;
+  result.good = step(checker);
+  result.errors = checker.getErrors();
+  result.warnings = checker.getWarnings();
+  result.out = streams.out();
+  result.err = streams.err();
+  return result;
+}
+
 Transcript CheckerFixture::calls() const {
   Transcript named = transcript;
   for (std::string& line : named) {

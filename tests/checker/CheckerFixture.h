@@ -87,6 +87,10 @@ class CheckerFixture : public ::testing::Test {
   /// be called by itself; calls are written down from then on.
   void open(const cases::CasePtr& opened);
 
+  /// What one step gives on the open case: its answer, and both streams while it runs.
+  using Step = bool (*)(OrvChecker&);
+  CheckResult runStep(Step step);
+
   /// What was called so far, the file's name written as FILE.
   Transcript calls() const;
 

@@ -42,26 +42,14 @@ std::vector<ZoneLists> listsThatCannotBeHad(int zone) {
           {zone, 131076, {}, std::vector<short>(131076, 32767), {}}};
 }
 
-CheckResult ConnectivityFixture::run(const cases::CasePtr& opened, bool (*step)(OrvChecker&),
-                                     int verbosity) {
+CheckResult ConnectivityFixture::run(const cases::CasePtr& opened, Step step, int verbosity) {
   checker.setVerbosity(1);
   open(opened);
   checker.setVerbosity(verbosity);
-  return run(step);
+  return runStep(step);
 }
 
-CheckResult ConnectivityFixture::run(bool (*step)(OrvChecker&)) {
-  const StreamCapture streams;
-  CheckResult result;
-  result.good = step(checker);
-  result.errors = checker.getErrors();
-  result.warnings = checker.getWarnings();
-  result.out = streams.out();
-  result.err = streams.err();
-  return result;
-}
-
-bool ConnectivityFixture::wantsMemory(bool (*step)(OrvChecker&)) {
+bool ConnectivityFixture::wantsMemory(Step step) {
   try {
     step(checker);
   } catch (const std::bad_alloc&) {

@@ -45,13 +45,10 @@ std::vector<Row> joined(std::vector<Row> first, const std::vector<Row>& second) 
 class ConnectivityFixture : public CheckerFixture {
  protected:
   /// Opens a case and runs one step at a verbosity, with both streams captured.
-  CheckResult run(const cases::CasePtr& opened, bool (*step)(OrvChecker&), int verbosity = 1);
-
-  /// The same once more, on what is open.
-  CheckResult run(bool (*step)(OrvChecker&));
+  CheckResult run(const cases::CasePtr& opened, Step step, int verbosity = 1);
 
   /// Whether a step on what is open ends in an exception for want of memory.
-  bool wantsMemory(bool (*step)(OrvChecker&));
+  bool wantsMemory(Step step);
 
   /// Checks a sound case at level 2, and expects that no error stands in the list.
   void expectToBeUsable();

@@ -119,14 +119,7 @@ void ListWatch::beginCellNodes(std::vector<int>& zoneIds) {
 
 CheckResult DeepChecksFixture::run(const cases::CasePtr& served, Step step) {
   open(served);
-  const StreamCapture streams;
-  CheckResult result;
-  result.good = step(checker);
-  result.errors = checker.getErrors();
-  result.warnings = checker.getWarnings();
-  result.out = streams.out();
-  result.err = streams.err();
-  return result;
+  return runStep(step);
 }
 
 Transcript DeepChecksFixture::listsGiven(const cases::CasePtr& served, Step step) {

@@ -65,8 +65,6 @@ class ListWatch : public ScriptedProvider {
 
 class DeepChecksFixture : public ZoneChecksFixture {
  protected:
-  using Step = bool (*)(OrvChecker&);
-
   /// What one step gives on a case: its answer, and both streams while it runs.
   CheckResult run(const cases::CasePtr& served, Step step);
 

@@ -201,7 +201,7 @@ class CellConnectivity : public ConnectivityFixture {
   CheckResult checkCells(const CellLists& lists, int verbosity = 1) {
     openWith(lists);
     checker.setVerbosity(verbosity);
-    return run(checker_access::checkCellConnectivity);
+    return runStep(checker_access::checkCellConnectivity);
   }
 };
 
