@@ -12,8 +12,8 @@
 
 #include "velto/OrvChecker.h"
 
+#include "orv/LineLimit.h"
 #include "orv/ProgressBar.h"
-#include "orv/Silence.h"
 #include "orv/commands.h"
 #include "orv/hints.h"
 #include "orv/json_report.h"
@@ -124,13 +124,31 @@ void hint(const FileResult& result) {
   }
 }
 
+/// How many lines of a kind are shown. A checker writes some to standard output whatever its
+/// verbosity, where a JSON document, or a verdict that nobody wants to read, must stand alone.
+std::uint64_t mostLines(int verbosity) {
+  constexpr std::uint64_t kUsual = 10;
+  if (verbosity > 1) {
+    return LineLimit::kNone;
+  }
+  return verbosity == 1 ? kUsual : 0;
+}
+
+void tellLeftOut(const std::string& file, const LineLimit& limit) {
+  for (const LineLimit::LeftOut& lines : limit.leftOut()) {
+    std::cerr << "orv: " << file << ": " << lines.count << " more like \"" << lines.like
+              << "\"; -v 2 shows all" << std::endl;
+  }
+}
+
 FileResult checkFile(const std::string& file, const CheckOptions& options) {
   FileResult result;
   result.file = file;
   OrvChecker checker;
   checker.setCheckLevel(options.level);
   const int verbosity = options.quiet || options.json ? 0 : options.verbosity;
-  const Silence silence(verbosity == 0);
+  const LineLimit errLimit(std::cerr, mostLines(verbosity));
+  const LineLimit outLimit(std::cout, mostLines(verbosity));
   checker.setVerbosity(verbosity);
   checker.setMeshId(options.mesh);
   checker.setPartitionId(options.partition);
@@ -152,7 +170,9 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
     }
   }
   result.warnings = checker.getWarnings();
-  if (options.verbosity == 1 && !options.quiet && !options.json) {
+  if (verbosity == 1) {
+    tellLeftOut(file, outLimit);
+    tellLeftOut(file, errLimit);
     hint(result);
   }
   return result;

@@ -30,8 +30,9 @@ void addCheck(CLI::App& app, CheckOptions& options) {
       ->check(CLI::Range(0, 2))
       ->capture_default_str();
   check
-      ->add_option("-v,--verbosity", options.verbosity,
-                   "0 nothing, 1 messages, 2 details, 3 steps, 4 single cells")
+      ->add_option(
+          "-v,--verbosity", options.verbosity,
+          "0 nothing, 1 messages, at most ten of a kind, 2 all of them and details, 3 steps, 4 single cells")
       ->check(CLI::Range(0, 4))
       ->capture_default_str();
   check->add_option("-m,--mesh", options.mesh, "Check only the mesh with this id")

@@ -107,6 +107,23 @@ class Check(CommandLine):
             self.assertEqual((status, out), (1, f"{defect}.orv: not sound (1 error, 0 warnings)\n"))
             self.assertEqual(err.splitlines()[-1], f"orv: {defect}.orv: {hint}")
 
+    def test_shows_ten_lines_of_a_kind_and_counts_the_others(self):
+        subprocess.run([MAKE_POLYMESH, f"{self.folder.name}/open", "3", "3", "3"], check=True)
+        neighbour = pathlib.Path(self.folder.name, "open", "neighbour")
+        head, labels = neighbour.read_text(encoding="utf-8").split("\n(\n")
+        neighbour.write_text("\n(\n".join([head, re.sub(r"^\d+$", "999", labels, count=13,
+                                                       flags=re.M)]), encoding="utf-8")
+        first = "Error: checkCellsFromFaces_facenode: Cell 1 (1000) for face "
+        status, out, err = self.orv("check", "--level", "2", "open")
+        self.assertEqual((status, out), (1, "open: not sound (13 errors, 12 warnings)\n"))
+        self.assertEqual([line for line in err.splitlines() if line.startswith(first)],
+                         [f"{first}{face} is invalid" for face in range(1, 11)])
+        self.assertEqual(err.splitlines()[-1],
+                         f'orv: open: 3 more like "{first}10 is invalid"; -v 2 shows all')
+        everything = self.orv("check", "--level", "2", "-v", "2", "open")[2]
+        self.assertEqual(everything.count(first), 13)
+        self.assertEqual(len(self.report("--level", "2", "open")[1]["files"][0]["errors"]), 13)
+
     def test_keeps_lines_of_single_faces_out_of_documents_and_silence(self):
         self.orv("sample", "--defect", "side-0-cell-wrong", "wrong.orv")
         check = ("check", "--level", "2", "wrong.orv")
