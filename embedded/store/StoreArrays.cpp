@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "embedded/base/CaseError.h"
-#include "embedded/store/claims.h"
+#include "embedded/base/claims.h"
 
 namespace velto::store {
 
@@ -104,12 +104,12 @@ void StoreArrays::openReader(const Group& group, const ZoneRows& rows, ArrayStat
 }
 
 void StoreArrays::requireJustified(const base::MeshTables& tables) const {
-  store::requireJustified(where_, tables, allRows_);
+  base::requireJustified(where_, tables, allRows_);
   for (const auto& array : arrays_) {
     for (const ZoneRows& rows : array.second.zones) {
       const std::uint64_t elements = tables.zoneSize(rows.zone, zoneElementCount);
       if (isCounts(array.first.first) && rows.isUniform != 0 &&
-          claimsTooMuch(elements, static_cast<std::uint64_t>(rows.value), allRows_)) {
+          base::claimsTooMuch(elements, static_cast<std::uint64_t>(rows.value), allRows_)) {
         throw CaseError(where_ + ": " + std::to_string(elements) + " elements of zone " +
                         std::to_string(rows.zone) + " claim " + std::to_string(rows.value) +
                         " ids each, but the arrays hold " + std::to_string(allRows_) +
@@ -127,7 +127,8 @@ void StoreArrays::requireJustifiedFields(const base::MeshTables& tables) const {
     const Field& field = fields_[static_cast<std::size_t>(array.first.second)];
     for (const ZoneRows& rows : array.second.zones) {
       const std::uint64_t elements = tables.zoneSize(rows.zone, zoneElementCount);
-      if (claimsTooMuch(std::max<std::uint64_t>(elements, 1), field.valuesPerEntity, rows.rows)) {
+      if (base::claimsTooMuch(std::max<std::uint64_t>(elements, 1), field.valuesPerEntity,
+                              rows.rows)) {
         throw CaseError(where_ + "/fields: " + std::to_string(elements) + " elements of zone " +
                         std::to_string(rows.zone) + " claim " +
                         std::to_string(field.valuesPerEntity) + " values each of " +
@@ -212,7 +213,7 @@ std::size_t StoreArrays::readCounts(Family family, int zone, short* counts, std:
   }
   // The contract adds counts up in 32 bits: a longer list cannot be told by them.
   if (sum < 0 || sum > std::numeric_limits<std::int32_t>::max() ||
-      claimsTooMuch(static_cast<std::uint64_t>(sum), 1, rowsOf({listsOf(array), 0}, zone))) {
+      base::claimsTooMuch(static_cast<std::uint64_t>(sum), 1, rowsOf({listsOf(array), 0}, zone))) {
     std::fill_n(counts, delivered, short{0});
     throw CaseError(where_ + "/" + layout::datasetName(array, 0) + ": the counts of zone " +
                     std::to_string(zone) + " add up to " + std::to_string(sum) +

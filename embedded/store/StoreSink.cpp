@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "embedded/base/CaseError.h"
+#include "embedded/base/claims.h"
 #include "embedded/store/case_tables.h"
-#include "embedded/store/claims.h"
 
 namespace velto::store {
 
@@ -220,7 +220,7 @@ void StoreSink::requireJustified() const {
   }
   const auto mesh = tables_.meshes.find(key_);
   if (mesh != tables_.meshes.end()) {
-    store::requireJustified(group_.where(), mesh->second, rows);
+    base::requireJustified(group_.where(), mesh->second, rows);
   }
 }
 

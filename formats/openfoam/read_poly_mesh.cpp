@@ -5,9 +5,13 @@
 
 #include "formats/openfoam/read_poly_mesh.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <limits>
+#include <string>
 #include <system_error>
 
+#include "embedded/base/claims.h"
 #include "formats/openfoam/Scanner.h"
 #include "formats/openfoam/read_boundary.h"
 #include "formats/openfoam/read_lists.h"
@@ -54,6 +58,7 @@ class FolderReader {
     readSides();
     readFile(mesh_.boundaryFile, false,
              [this](Scanner& scanner, FileForm&) { mesh_.patches = readPatches(scanner); });
+    requireJustifiedPatches();
     readZoneFile(mesh_.cellZonesFile, "cellLabels", mesh_.cellZones);
     readZoneFile(mesh_.faceZonesFile, "faceLabels", mesh_.faceZones);
     return std::move(mesh_);
@@ -98,6 +103,20 @@ class FolderReader {
     if (mesh_.neighbour.size() > faces) {
       throw ReadError(mesh_.neighbourFile, "at most " + oneEach,
                       std::to_string(mesh_.neighbour.size()));
+    }
+  }
+
+  /// Patches may reach past the last face, but not so far that nobody could look at their faces.
+  void requireJustifiedPatches() const {
+    const std::size_t faces = mesh_.faceNodeCounts.size();
+    std::uint64_t inPatches = 0;
+    for (const Patch& patch : mesh_.patches) {
+      inPatches += std::min(patch.faceCount, std::numeric_limits<std::uint64_t>::max() / 2);
+      if (base::claimsTooMuch(inPatches, 1, faces)) {
+        throw ReadError(mesh_.boundaryFile, Place{patch.line},
+                        "patches of " + std::to_string(faces) + " faces in all",
+                        "nFaces " + std::to_string(patch.faceCount) + " of " + patch.name);
+      }
     }
   }
 

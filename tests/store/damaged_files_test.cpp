@@ -253,6 +253,13 @@ TEST_F(DamagedFiles, MayClaimElementsWithThreeCoordinatesThatNobodyCounts) {
                    "the arrays hold 54 numbers in all"}));
 }
 
+TEST_F(DamagedFiles, MayClaimIds) {
+  fillColumn(unsealedCase(), "/meshes/0/zones", "lastId", Filling::largest);
+  EXPECT_EQ(refusal(caseFile()),
+            Texts({"Error:\n\tcase.orv: /meshes/0: 9223372036854775807 ids of zone 1 are claimed, "
+                   "but the arrays hold 54 numbers in all"}));
+}
+
 TEST_F(DamagedFiles, MayClaimValuesOfAField) {
   const std::string results = path("case.orvr");
   stripSeal(results);

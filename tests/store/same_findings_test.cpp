@@ -10,7 +10,7 @@
 #include "velto/OrvChecker.h"
 
 #include "embedded/base/CaseError.h"
-#include "embedded/store/claims.h"
+#include "embedded/base/claims.h"
 #include "samples/defects.h"
 #include "testing/Random.h"
 #include "testing/TestFactory.h"
@@ -61,7 +61,7 @@ Findings check(const TestFactory::ProviderMaker& makeProvider, const std::string
 bool isJustified(const memory::Case& source) {
   try {
     for (const auto& mesh : source.tables.meshes) {
-      store::requireJustified("", mesh.second, 0);
+      base::requireJustified("", mesh.second, 0);
     }
     return true;
   } catch (const base::CaseError&) {

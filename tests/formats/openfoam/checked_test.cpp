@@ -208,6 +208,36 @@ TEST(CheckedPartitions, AreRefusedWhereAllAreEmpty) {
              " : ORV - " + folder + ": expected cells in a processor folder, found none in all"}));
 }
 
+// --- Claims -------------------------------------------------------------------------------------
+
+TEST(CheckedClaims, OfMoreFacesThanOneCouldLookAtAreRefused) {
+  const testing::TempFolder temp;
+  const std::string folder = temp.path("polyMesh");
+  for (const std::int64_t count : {std::int64_t{900000000000}, INT64_MAX}) {
+    BoxMesh mesh = rowOfFour();
+    mesh.patches[5].faceCount = count;
+    writePolyMesh(folder, mesh);
+    EXPECT_EQ(judge(folder, kConnectivity).errors,
+              (Texts{" : Error reading ORV file",
+                     " : ORV - " + folder +
+                         "/boundary: line 19: expected patches of 21 faces in all, found nFaces " +
+                         std::to_string(count) + " of zMax"}));
+  }
+}
+
+TEST(CheckedClaims, OfAllPatchesAreAddedUp) {
+  const testing::TempFolder temp;
+  const std::string folder = temp.path("polyMesh");
+  BoxMesh mesh = rowOfFour();
+  mesh.patches[3].faceCount = mesh.patches[4].faceCount = 9000000;
+  writePolyMesh(folder, mesh);
+  EXPECT_EQ(judge(folder, kConnectivity).errors,
+            (Texts{" : Error reading ORV file",
+                   " : ORV - " + folder +
+                       "/boundary: line 18: expected patches of 21 faces in all, found nFaces "
+                       "9000000 of zMin"}));
+}
+
 // --- Real meshes --------------------------------------------------------------------------------
 
 class CheckedRealMeshes : public ::testing::TestWithParam<const char*> {};

@@ -2,15 +2,15 @@
 //
 // How many elements a file may claim, so that what a caller allocates by it is justified.
 
-#ifndef VELTO_EMBEDDED_STORE_CLAIMS_H
-#define VELTO_EMBEDDED_STORE_CLAIMS_H
+#ifndef VELTO_EMBEDDED_BASE_CLAIMS_H
+#define VELTO_EMBEDDED_BASE_CLAIMS_H
 
 #include <cstdint>
 #include <string>
 
 #include "embedded/base/CaseTables.h"
 
-namespace velto::store {
+namespace velto::base {
 
 /// Arrays of `rows` numbers speak of no more elements than this: a face names two cells, a cell or
 /// face names nodes, and an element has a few coordinates. What is small is never doubted.
@@ -26,9 +26,10 @@ inline bool claimsTooMuch(std::uint64_t count, std::uint64_t values, std::uint64
 }
 
 /// Throws CaseError if a mesh whose arrays have `rows` numbers in all claims more elements, in its
-/// sizes or in a zone, than they can speak of.
-void requireJustified(const std::string& where, const base::MeshTables& tables, std::uint64_t rows);
+/// sizes, in a zone or in the ranges of ids of all zones of a kind, than they can speak of. Callers
+/// walk over such ranges, and ask for each id.
+void requireJustified(const std::string& where, const MeshTables& tables, std::uint64_t rows);
 
-}  // namespace velto::store
+}  // namespace velto::base
 
-#endif  // VELTO_EMBEDDED_STORE_CLAIMS_H
+#endif  // VELTO_EMBEDDED_BASE_CLAIMS_H
