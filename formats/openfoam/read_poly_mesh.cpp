@@ -113,9 +113,10 @@ class FolderReader {
     for (const Patch& patch : mesh_.patches) {
       inPatches += std::min(patch.faceCount, std::numeric_limits<std::uint64_t>::max() / 2);
       if (base::claimsTooMuch(inPatches, 1, faces)) {
-        throw ReadError(mesh_.boundaryFile, Place{patch.line},
-                        "patches of " + std::to_string(faces) + " faces in all",
-                        "nFaces " + std::to_string(patch.faceCount) + " of " + patch.name);
+        throw ReadError(
+            mesh_.boundaryFile, Place{patch.line},
+            "patches of " + std::to_string(faces) + " faces in all",
+            "nFaces " + std::to_string(patch.faceCount) + " in patch \"" + patch.name + "\"");
       }
     }
   }

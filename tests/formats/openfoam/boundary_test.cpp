@@ -77,9 +77,10 @@ TEST_F(Boundary, MayHaveNoCountAndNoPatches) {
 TEST_F(Boundary, HandsOnPatchesThatOverlapOrLieOutside) {
   writeList(
       "boundary",
-      "2(a { type wall; nFaces 6; startFace 0; } a { type wall; nFaces 9223372036854775807; startFace 3; })");
+      "2(a { type wall; nFaces 6; startFace 0; } a { type wall; nFaces 16777210; startFace 9223372036854775807; })");
   const PolyMesh mesh = read();
-  EXPECT_EQ(mesh.patches[1].faceCount, 9223372036854775807U);
+  EXPECT_EQ(mesh.patches[1].faceCount, 16777210U);
+  EXPECT_EQ(mesh.patches[1].firstFace, 9223372036854775807U);
 }
 
 TEST_F(Boundary, TakesTheLastOfEntriesOfTheSameName) {
@@ -110,6 +111,10 @@ INSTANTIATE_TEST_SUITE_P(
                     "boundary: line 2: expected patch 2 of 2, found \")\""},
         BadBoundary{"TooMany", "1(a { type wall; nFaces 1; startFace 0; } b { })",
                     "boundary: line 2: expected \")\" behind 1 patches, found \"b\""},
+        BadBoundary{
+            "FacesThatNoFileHolds",
+            "2(a { type wall; nFaces 6; startFace 0; }\nb { type wall; nFaces 16777211; startFace 6; })",
+            "boundary: line 3: expected patches of 6 faces in all, found nFaces 16777211 in patch \"b\""},
         BadBoundary{"Equal", "2{a}",
                     "boundary: line 2: expected patches one by one, found a list of equal patches"},
         BadBoundary{

@@ -221,7 +221,7 @@ TEST(CheckedClaims, OfMoreFacesThanOneCouldLookAtAreRefused) {
               (Texts{" : Error reading ORV file",
                      " : ORV - " + folder +
                          "/boundary: line 19: expected patches of 21 faces in all, found nFaces " +
-                         std::to_string(count) + " of zMax"}));
+                         std::to_string(count) + " in patch \"zMax\""}));
   }
 }
 
@@ -235,7 +235,7 @@ TEST(CheckedClaims, OfAllPatchesAreAddedUp) {
             (Texts{" : Error reading ORV file",
                    " : ORV - " + folder +
                        "/boundary: line 18: expected patches of 21 faces in all, found nFaces "
-                       "9000000 of zMin"}));
+                       "9000000 in patch \"zMin\""}));
 }
 
 // --- Real meshes --------------------------------------------------------------------------------
