@@ -124,14 +124,10 @@ void hint(const FileResult& result) {
   }
 }
 
-/// How many lines of a kind are shown. A checker writes some to standard output whatever its
-/// verbosity, where a JSON document, or a verdict that nobody wants to read, must stand alone.
+/// How many lines of a kind are shown of what a checker writes by itself.
 std::uint64_t mostLines(int verbosity) {
   constexpr std::uint64_t kUsual = 10;
-  if (verbosity > 1) {
-    return LineLimit::kNone;
-  }
-  return verbosity == 1 ? kUsual : 0;
+  return verbosity == 1 ? kUsual : LineLimit::kNone;
 }
 
 void tellLeftOut(const std::string& file, const LineLimit& limit) {
@@ -148,7 +144,9 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
   checker.setCheckLevel(options.level);
   const int verbosity = options.quiet || options.json ? 0 : options.verbosity;
   const LineLimit errLimit(std::cerr, mostLines(verbosity));
-  const LineLimit outLimit(std::cout, mostLines(verbosity));
+  // Some lines are written there whatever the verbosity, where a JSON document, or a verdict that
+  // nobody wants to read, must stand alone.
+  const LineLimit outLimit(std::cout, verbosity == 0 ? 0 : mostLines(verbosity));
   checker.setVerbosity(verbosity);
   checker.setMeshId(options.mesh);
   checker.setPartitionId(options.partition);

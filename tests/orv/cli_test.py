@@ -124,6 +124,12 @@ class Check(CommandLine):
         self.assertEqual(everything.count(first), 13)
         self.assertEqual(len(self.report("--level", "2", "open")[1]["files"][0]["errors"]), 13)
 
+    def test_says_why_a_file_is_not_checked_whatever_the_verbosity(self):
+        self.assertEqual(self.orv("check", "-v", "0", "notes.txt"),
+                         (2, "notes.txt: not checked (1 error, 0 warnings)\n",
+                          "orv: notes.txt: no format knows this file; `orv formats` lists what can "
+                          "be read\n"))
+
     def test_keeps_lines_of_single_faces_out_of_documents_and_silence(self):
         self.orv("sample", "--defect", "side-0-cell-wrong", "wrong.orv")
         check = ("check", "--level", "2", "wrong.orv")
