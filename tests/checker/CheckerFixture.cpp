@@ -54,6 +54,11 @@ void CheckerFixture::open(const cases::CasePtr& opened) {
   transcript.clear();
 }
 
+void CheckerFixture::renewChecker() {
+  { const OrvChecker last = checker; }  // releases the case for both
+  checker = OrvChecker();
+}
+
 CheckResult CheckerFixture::runStep(Step step) {
   const StreamCapture streams;
   CheckResult result;

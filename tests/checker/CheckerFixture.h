@@ -87,6 +87,10 @@ class CheckerFixture : public ::testing::Test {
   /// be called by itself; calls are written down from then on.
   void open(const cases::CasePtr& opened);
 
+  /// Another checker in place of the one that was used. Its case is released: an assignment alone
+  /// does not.
+  void renewChecker();
+
   /// What one step gives on the open case: its answer, and both streams while it runs.
   using Step = bool (*)(OrvChecker&);
   CheckResult runStep(Step step);

@@ -234,7 +234,7 @@ TEST_F(CellConnectivity, ShowsBadIdsAndStepsFromVerbosityThree) {
   const std::string echoes = kBadNodesShown + kBadFacesShown + kInconsistentShown;
   for (const Row& row : {Row{0, "", ""}, Row{1, "", echoes}, Row{2, "", echoes},
                          Row{3, kSteps, all}, Row{4, kSteps, all}}) {
-    checker = OrvChecker();
+    renewChecker();
     const CheckResult result = checkCells(
         {{3, 4, 5}, {3, 4, 1}, {{3, 1, 1, {}, {0}}}, {{4, 1, 1, {}, {0}}}}, row.verbosity);
     EXPECT_EQ(result.out, row.out);

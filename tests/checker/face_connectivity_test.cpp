@@ -182,7 +182,7 @@ TEST_F(FaceConnectivity, ShowsBadIdsAndStepsFromVerbosityThree) {
   for (const Row& row :
        {Row{-1, "", ""}, Row{0, "", ""}, Row{1, "", kOutOfRangeShown}, Row{2, "", kOutOfRangeShown},
         Row{3, kSteps, bad + kOutOfRangeShown}, Row{4, kSteps, bad + kOutOfRangeShown}}) {
-    checker = OrvChecker();
+    renewChecker();
     const CheckResult result = checkFaces(withFaceNodes({{2, 1, 1, {}, {0}}}), row.verbosity);
     EXPECT_EQ(result.out, row.out);
     EXPECT_EQ(result.err, row.err);
@@ -265,7 +265,7 @@ TEST_F(FaceConnectivity, TellsOfALibraryErrorAtTheNextOfItsTwoPlaces) {
         Row{{"readFaceNodeIds"}, {gone, kOutOfRange}}, Row{{"endFaceNodeIds"}, {gone, kOutOfRange}},
         Row{{"endFaceNodes"}, {kOutOfRange, gone}},
         Row{{"beginFaceNodeIds", "endFaceNodes"}, {gone, kOutOfRange, gone}}}) {
-    checker = OrvChecker();
+    renewChecker();
     prepare([&row](ScriptedProvider& p) {
       for (const std::string& call : row.calls) {
         failOn(p, call);
@@ -279,7 +279,7 @@ TEST_F(FaceConnectivity, TellsOfALibraryErrorAtTheNextOfItsTwoPlaces) {
 
 TEST_F(FaceConnectivity, IsFalseForALibraryErrorOfSoundFaces) {
   for (const std::string call : {"beginFaceNodes", "endFaceNodes"}) {
-    checker = OrvChecker();
+    renewChecker();
     prepare([&call](ScriptedProvider& p) { failOn(p, call); });
     const CheckResult result = checkFaces(cases::oneHex());
     EXPECT_FALSE(result.good) << call;
