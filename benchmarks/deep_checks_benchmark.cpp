@@ -17,6 +17,7 @@
 #include "data_access/OrvFactory.h"
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
+#include "data_access/sizes.h"
 
 #include "benchmarks/counted_memory.h"
 #include "embedded/memory/MemoryProvider.h"
@@ -127,12 +128,6 @@ void callOnly(benchmark::State& state, const char* sample, const Calls& calls) {
 
 // --- The same calls without any judgement -------------------------------------------------------
 
-std::uint64_t sizeOf(OrvProvider& source, int zone, OrvZoneSizeType key) {
-  std::uint64_t size = 0;
-  source.getZoneSizeInfo(zone, key, size);
-  return size;
-}
-
 /// The lists of a family, each read into a zeroed buffer of its own.
 void readLists(OrvProvider& source, const CountedReadFamily& family) {
   std::vector<int> zones;
@@ -140,7 +135,7 @@ void readLists(OrvProvider& source, const CountedReadFamily& family) {
   (source.*family.beginCounts)();
   std::vector<std::int64_t> lengths;
   for (const int zone : zones) {
-    const std::uint64_t elements = sizeOf(source, zone, zoneElementCount);
+    const std::uint64_t elements = zoneSizeOf(source, zone, zoneElementCount);
     short uniform = 0;
     if ((source.*family.getUniformCount)(zone, uniform)) {
       lengths.push_back(uniformListLength(uniform, elements));
@@ -169,8 +164,8 @@ void askEach(OrvProvider& source, const ReadFamily& family, const Ask& ask) {
   std::uint64_t sum = 0;
   (source.*family.begin)(zones);
   for (const int zone : zones) {
-    const std::uint64_t last = sizeOf(source, zone, zoneLastId);
-    for (std::uint64_t id = sizeOf(source, zone, zoneFirstId); id <= last; ++id) {
+    const std::uint64_t last = zoneSizeOf(source, zone, zoneLastId);
+    for (std::uint64_t id = zoneSizeOf(source, zone, zoneFirstId); id <= last; ++id) {
       sum += ask(id);
     }
   }
