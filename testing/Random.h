@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Random: numbers that are the same on every machine, for random cases that a seed brings back.
+// Random: numbers that are the same on every machine, for random cases that a seed, or a few bytes,
+// bring back.
 
 #ifndef VELTO_TESTING_RANDOM_H
 #define VELTO_TESTING_RANDOM_H
@@ -20,12 +21,17 @@ class Random {
  public:
   explicit Random(std::uint64_t seed) : engine_(seed) {}
 
+  /// Draws from bytes, front to back, so that another byte makes another draw and leaves the rest
+  /// as it was: what a fuzzer needs. A choice among 256 or fewer takes one of them, any other draw
+  /// eight. What is drawn after the last is always the same. The bytes outlive the object.
+  Random(const std::uint8_t* bytes, std::size_t size) : engine_(size), bytes_(bytes), left_(size) {}
+
   /// Any number.
-  std::uint64_t next() { return engine_(); }
+  std::uint64_t next() { return draw(sizeof(std::uint64_t)); }
 
   /// From 0 up to, and without, `count`; 0 if that is 0.
   std::size_t below(std::size_t count) {
-    const std::uint64_t drawn = next();
+    const std::uint64_t drawn = draw(count <= 256 ? 1 : sizeof(std::uint64_t));
     return count == 0 ? 0 : static_cast<std::size_t>(drawn % count);
   }
 
@@ -53,7 +59,20 @@ class Random {
   }
 
  private:
+  std::uint64_t draw(std::size_t size) {
+    if (left_ == 0) {
+      return engine_();
+    }
+    std::uint64_t number = 0;
+    for (; size > 0 && left_ > 0; --size, --left_) {
+      number = number << 8U | *bytes_++;
+    }
+    return number;
+  }
+
   std::mt19937_64 engine_;
+  const std::uint8_t* bytes_ = nullptr;
+  std::size_t left_ = 0;
 };
 
 }  // namespace velto::testing

@@ -305,8 +305,7 @@ struct PlainSubject {
 
 }  // namespace
 
-Scenario randomScenario(std::uint64_t seed) {
-  Random random(seed);
+Scenario randomScenario(Random& random) {
   Scenario scenario(random.chance(65) ? 1 : 2 + random.below(2));
   const std::uint64_t firstSeed = random.next();
   for (ScenarioRun& run : scenario) {
@@ -326,8 +325,14 @@ Scenario randomScenario(std::uint64_t seed) {
   return scenario;
 }
 
+Scenario randomScenario(std::uint64_t seed) {
+  Random random(seed);
+  return randomScenario(random);
+}
+
 cases::CasePtr makeCase(const ScenarioRun& run, Texts* steps) {
-  Random random(run.caseSeed);
+  Random random = run.caseBytes.empty() ? Random(run.caseSeed)
+                                        : Random(run.caseBytes.data(), run.caseBytes.size());
   auto made = std::make_shared<memory::Case>(randomSoundCase(random));
   takeSteps(run.damageSeeds, steps, [&](Random& ofStep) { return damage(*made, ofStep); });
   takeSteps(run.confusionSeeds, steps, [&](Random& ofStep) { return confuseModel(*made, ofStep); });

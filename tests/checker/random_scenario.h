@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "testing/Random.h"
 #include "testing/ScriptedLocationModel.h"
 #include "tests/checker/CheckerFixture.h"
 
@@ -23,6 +24,7 @@ enum class FileKind { isCase, isMissing, hasNoFormat, isRefused };
 struct ScenarioRun {
   FileKind file = FileKind::isCase;
   std::uint64_t caseSeed = 0;
+  std::vector<std::uint8_t> caseBytes;  // the case is drawn from these if there are any
   std::vector<std::uint64_t> damageSeeds;
   std::vector<std::uint64_t> confusionSeeds;  // what is done to the location model after that
   std::vector<std::uint64_t> misbehaviourSeeds;
@@ -37,6 +39,7 @@ struct ScenarioRun {
 
 using Scenario = std::vector<ScenarioRun>;
 
+Scenario randomScenario(Random& random);
 Scenario randomScenario(std::uint64_t seed);
 
 /// The case of a run, and what its provider does; `steps` gets a line for each damage and each

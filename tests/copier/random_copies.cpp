@@ -439,8 +439,7 @@ std::vector<ModelRefusal> randomRefusals(Random& random) {
 
 }  // namespace
 
-RandomCopies randomCopies(std::uint64_t seed) {
-  Random random(seed);
+RandomCopies randomCopies(Random& random) {
   RandomCopies drawn;
   for (RandomSource& source : drawn.sources) {
     source = randomSource(random);
@@ -451,6 +450,11 @@ RandomCopies randomCopies(std::uint64_t seed) {
   drawn.refusals = randomRefusals(random);
   drawn.steps = Steps(random).draw();
   return drawn;
+}
+
+RandomCopies randomCopies(std::uint64_t seed) {
+  Random random(seed);
+  return randomCopies(random);
 }
 
 }  // namespace velto::testing

@@ -88,6 +88,7 @@ struct RandomCopies {
 /// The format that the factory of a run has nothing for.
 constexpr int kNoFormat = 7;
 
+RandomCopies randomCopies(Random& random);
 RandomCopies randomCopies(std::uint64_t seed);
 
 // random_copy_case.cpp

@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "embedded/base/zone_relations.h"
-#include "testing/Random.h"
 
 namespace velto::testing {
 
@@ -217,12 +216,16 @@ Preparation RandomBuild::preparation() const {
   };
 }
 
-RandomBuild randomBuild(std::uint64_t seed) {
-  Random random(seed);
+RandomBuild randomBuild(Random& random) {
   RandomBuild drawn;
   drawn.served = ZoneTables(random).draw();
   drawn.refusals = anyRefusals(random);
   return drawn;
+}
+
+RandomBuild randomBuild(std::uint64_t seed) {
+  Random random(seed);
+  return randomBuild(random);
 }
 
 }  // namespace velto::testing

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "testing/Random.h"
 #include "tests/location_model/builder_run.h"
 
 namespace velto::testing {
@@ -23,6 +24,7 @@ struct RandomBuild {
 
 /// Up to six cell zones and twelve face zones with names, types, links, children and families that
 /// go together or do not. Most builds go through.
+RandomBuild randomBuild(Random& random);
 RandomBuild randomBuild(std::uint64_t seed);
 
 }  // namespace velto::testing

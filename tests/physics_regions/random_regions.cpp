@@ -438,8 +438,7 @@ std::map<std::string, Ids> anyLists(Random& random) {
 
 }  // namespace
 
-RandomRegions randomRegions(std::uint64_t seed) {
-  Random random(seed);
+RandomRegions randomRegions(Random& random) {
   RandomRegions drawn;
   for (cases::CasePtr& one : drawn.cases) {
     one = std::make_shared<memory::Case>();
@@ -456,6 +455,11 @@ RandomRegions randomRegions(std::uint64_t seed) {
     resolving = anyResolving(random);
   }
   return drawn;
+}
+
+RandomRegions randomRegions(std::uint64_t seed) {
+  Random random(seed);
+  return randomRegions(random);
 }
 
 }  // namespace velto::testing

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "testing/Random.h"
 #include "testing/ScriptedLocationModel.h"
 #include "testing/cases.h"
 
@@ -51,6 +52,7 @@ struct RandomRegions {
 
 /// Names come from small pools, so that one name often stands for several things. Most resolvings
 /// go through.
+RandomRegions randomRegions(Random& random);
 RandomRegions randomRegions(std::uint64_t seed);
 
 // random_regions_text.cpp

@@ -116,6 +116,14 @@ Whole readWhole(const Handle& file, const std::string& path) {
   return whole;
 }
 
+void writeBack(const Handle& file, const std::string& path, const Whole& whole) {
+  const Handle dataset = openDataset(file, path);
+  hdf5(path, "cannot be written", [&] {
+    return H5Dwrite(dataset.id(), whole.type.id(), H5S_ALL, H5S_ALL, H5P_DEFAULT,
+                    whole.bytes.data());
+  });
+}
+
 /// Makes a dataset in place of another; without values it is not written.
 void replace(const Handle& file, const std::string& path, const Handle& type, const Handle& space,
              const void* values, hid_t creation = H5P_DEFAULT) {
@@ -318,11 +326,19 @@ void fillNumbers(const std::string& file, const NumberPlace& place, Filling fill
         number.begin(), number.end(),
         whole.bytes.begin() + static_cast<std::ptrdiff_t>(row * whole.rowSize + place.offset));
   }
-  const Handle dataset = openDataset(opened, place.dataset);
-  hdf5(place.dataset, "cannot be written", [&] {
-    return H5Dwrite(dataset.id(), whole.type.id(), H5S_ALL, H5S_ALL, H5P_DEFAULT,
-                    whole.bytes.data());
-  });
+  writeBack(opened, place.dataset, whole);
+}
+
+void setNumber(const std::string& file, const NumberPlace& place, std::uint64_t row,
+               std::uint64_t value) {
+  const Handle opened = openFile(file, H5F_ACC_RDWR);
+  Whole whole = readWhole(opened, place.dataset);
+  if (whole.rows == 0) {
+    return;
+  }
+  std::byte* const number = whole.bytes.data() + row % whole.rows * whole.rowSize + place.offset;
+  std::memcpy(number, &value, std::min(place.size, sizeof value));
+  writeBack(opened, place.dataset, whole);
 }
 
 void damageDataset(const std::string& file, const std::string& path, DatasetDamage damage) {

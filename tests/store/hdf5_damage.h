@@ -49,6 +49,11 @@ enum class Filling {
 /// Puts a filling in place of a number, in each row.
 void fillNumbers(const std::string& file, const NumberPlace& place, Filling filling);
 
+/// Puts `value`, or as many of its low bytes as there are, in place of a number in one row, counted
+/// round and round; nothing where there is no row.
+void setNumber(const std::string& file, const NumberPlace& place, std::uint64_t row,
+               std::uint64_t value);
+
 /// What is done to a dataset, which has numbers, rows of a table or one text.
 enum class DatasetDamage {
   removed,
