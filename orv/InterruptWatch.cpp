@@ -25,14 +25,24 @@ InterruptWatch::InterruptWatch() {
       sigaction(kSignals[i], &before_[i], nullptr);  // as under nohup
     }
   }
+  struct sigaction ignored = {};
+  ignored.sa_handler = SIG_IGN;
+  sigaction(SIGPIPE, &ignored, &beforePipe_);
 }
 
 InterruptWatch::~InterruptWatch() {
   for (std::size_t i = 0; i < kSignals.size(); ++i) {
     sigaction(kSignals[i], &before_[i], nullptr);
   }
+  sigaction(SIGPIPE, &beforePipe_, nullptr);
 }
 
 bool InterruptWatch::isInterrupted() { return interrupted != 0; }
+
+void InterruptWatch::stopIfInterrupted() {
+  if (isInterrupted()) {
+    throw Interrupted();
+  }
+}
 
 }  // namespace velto::orv

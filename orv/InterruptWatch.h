@@ -10,8 +10,13 @@
 
 namespace velto::orv {
 
+/// Thrown through work that Ctrl-C ends.
+struct Interrupted {};
+
 /// While it lives, the first interrupt, hangup or request to terminate is remembered; a second one
-/// ends the program at once. What is ignored stays ignored. One object at a time.
+/// ends the program at once. What is ignored stays ignored. Nobody reading what
+/// is printed is no reason to end: the program would leave behind what is half written. One object
+/// at a time.
 class InterruptWatch {
  public:
   InterruptWatch();
@@ -20,11 +25,13 @@ class InterruptWatch {
   ~InterruptWatch();
 
   static bool isInterrupted();
+  static void stopIfInterrupted();  ///< Throws Interrupted.
 
  private:
   static constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
 
   std::array<struct sigaction, kSignals.size()> before_;
+  struct sigaction beforePipe_ = {};
 };
 
 }  // namespace velto::orv

@@ -17,6 +17,7 @@
 #include "orv/commands.h"
 #include "orv/hints.h"
 #include "orv/json_report.h"
+#include "orv/open_case.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -140,6 +141,13 @@ void tellLeftOut(const std::string& file, const LineLimit& limit) {
 FileResult checkFile(const std::string& file, const CheckOptions& options) {
   FileResult result;
   result.file = file;
+  if (isOdd(file)) {
+    result.errors.emplace_back(" : is neither a file nor a folder");
+    if (!options.quiet && !options.json) {
+      refuseOdd(file);
+    }
+    return result;
+  }
   OrvChecker checker;
   checker.setCheckLevel(options.level);
   const int verbosity = options.quiet || options.json ? 0 : options.verbosity;

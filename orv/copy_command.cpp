@@ -7,6 +7,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "velto/OrvCopier.h"
@@ -18,7 +19,9 @@
 #include "orv/CaseSummary.h"
 #include "orv/CopyPlan.h"
 #include "orv/CopyWatch.h"
+#include "orv/InterruptWatch.h"
 #include "orv/ProgressBar.h"
+#include "orv/StoppableBar.h"
 #include "orv/commands.h"
 #include "orv/copy_files.h"
 #include "orv/copy_report.h"
@@ -134,11 +137,7 @@ class Copying {
 CaseComparison compared(OrvFileProvider& source, OrvFileProvider& copy, const CopyPlan& plan,
                         const CopyOptions& options) {
   CaseComparison comparison(source, copy);
-  comparison.onArray([] {
-    if (InterruptWatch::isInterrupted()) {
-      throw CopyStopped();
-    }
-  });
+  comparison.onArray(InterruptWatch::stopIfInterrupted);
   for (const PlannedMesh& mesh : plan.meshes) {
     comparison.compareMesh(mesh.inSource, mesh.inCopy);
   }
@@ -175,7 +174,7 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
     printMessages(source, files.source);
     printMessages(*copy, files.destination);
     return comparison.differenceCount() == 0 && !copy->hasError();
-  } catch (const CopyStopped&) {
+  } catch (const Interrupted&) {
     std::cerr << "orv: " << files.destination << ": interrupted; written, and not verified"
               << std::endl;
     return false;
@@ -185,7 +184,6 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
 /// Copies, and verifies what was written if that is asked for.
 CopyOutcome carryOut(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& plan,
                      const CopyOptions& options) {
-  const InterruptWatch watch;
   Copying copying(source, files, plan, options);
   CopyOutcome outcome;
   outcome.isWritten = copying.run();
@@ -201,16 +199,23 @@ ExitStatus statusOf(const CopyOutcome& outcome, bool isVerifyWanted) {
   return outcome.isWhole ? exitSound : exitErrors;
 }
 
-}  // namespace
+/// The open source with its results, or null after saying why not.
+ProviderOwner openSource(const CopyFiles& files, bool isBarWanted) {
+  const StoppableBar bar(isBarWanted);
+  ProviderOwner source = openCase(files.source);
+  const bool isOpen = source && openResults(files.sourceResults, *source);
+  return isOpen ? std::move(source) : nullptr;
+}
 
-int runCopy(const CopyOptions& options) {
+int copyFiles(const CopyOptions& options) {
   CopyFiles files = chooseFiles(options);
-  const ProviderOwner source = openCase(files.source);
-  if (!source || !openResults(files.sourceResults, *source)) {
+  const ProviderOwner source = openSource(files, !options.verbose);
+  if (!source) {
     return exitNotDone;
   }
   const CaseSummary summary = summarise(files.source, *source);
   const CopyPlan plan = planCopy(*source, summary, options, *files.format);
+  InterruptWatch::stopIfInterrupted();
   settleFiles(files, plan, options);
   const auto print = options.json ? printCopyJson : printCopyText;
   if (options.dryRun) {
@@ -221,6 +226,19 @@ int runCopy(const CopyOptions& options) {
   const CopyOutcome outcome = carryOut(*source, files, plan, options);
   print(files, plan, options, outcome);
   return statusOf(outcome, options.verify);
+}
+
+}  // namespace
+
+int runCopy(const CopyOptions& options) {
+  const InterruptWatch watch;
+  try {
+    return copyFiles(options);
+  } catch (const Interrupted&) {
+    std::cerr << "orv: " << options.destination << ": interrupted; nothing was written"
+              << std::endl;
+    return exitNotDone;
+  }
 }
 
 }  // namespace velto::orv

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "orv/commands.h"
+#include "orv/standard_streams.h"
 
 namespace {
 
@@ -279,10 +280,12 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  prepareStreams();
+  int status = exitNotDone;
   try {
-    return run(argc, argv);
+    status = run(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << "orv: " << error.what() << std::endl;
-    return exitNotDone;
   }
+  return finishOutput() ? status : exitNotDone;
 }

@@ -16,10 +16,25 @@
 
 namespace velto::orv {
 
+bool isOdd(const std::string& file) {
+  std::error_code ignored;
+  const std::filesystem::file_status status = std::filesystem::status(file, ignored);
+  return std::filesystem::is_other(status);
+}
+
+void refuseOdd(const std::string& file) {
+  std::cerr << "orv: " << file << ": is neither a file nor a folder" << std::endl;
+}
+
 ProviderOwner openCase(const std::string& file) {
   std::error_code error;
   if (!std::filesystem::exists(file, error)) {
-    std::cerr << "orv: " << file << ": no such file or folder" << std::endl;
+    std::cerr << "orv: " << file << ": " << (error ? error.message() : "no such file or folder")
+              << std::endl;
+    return nullptr;
+  }
+  if (isOdd(file)) {
+    refuseOdd(file);
     return nullptr;
   }
   ProviderOwner provider(getDataProvider(file));
@@ -42,6 +57,10 @@ std::string resultsBeside(const std::string& file) {
 bool openResults(const std::string& file, OrvFileProvider& provider) {
   if (file.empty()) {
     return true;
+  }
+  if (isOdd(file)) {
+    refuseOdd(file);
+    return false;
   }
   const bool opened = provider.startReading(file, dataClassResults);
   printMessages(provider, file);

@@ -20,6 +20,13 @@ struct DeleteThroughFileIO {
 using ProviderOwner = std::unique_ptr<OrvFileProvider, DeleteThroughFileIO>;
 using ConsumerOwner = std::unique_ptr<OrvFileConsumer, DeleteThroughFileIO>;
 
+/// Whether something has that name and is neither a file nor a folder. Nothing of that kind is
+/// opened: it might keep the program waiting.
+bool isOdd(const std::string& file);
+
+/// Says on standard error that it is.
+void refuseOdd(const std::string& file);
+
 /// The open case, or null after saying why not.
 ProviderOwner openCase(const std::string& file);
 

@@ -2,6 +2,7 @@
 //
 // orv sample: writes sample cases, sound ones of any size and damaged ones.
 
+#include <exception>
 #include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
@@ -9,7 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "orv/ProgressBar.h"
+#include "orv/InterruptWatch.h"
+#include "orv/StoppableBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
 #include "orv/json_report.h"
@@ -89,6 +91,23 @@ ExitStatus refuseName(const std::string& kind, const std::string& name,
                             guessWords(name, names)));
 }
 
+/// False, and said why on standard error, if not all of it is where it should be.
+bool save(const samples::Sample& sample, const std::string& file, unsigned compression) {
+  std::string otherwise = "nothing was written";
+  try {
+    const StoppableBar bar(true);
+    samples::saveSample(sample, file, compression,
+                        [&otherwise] { otherwise = "the case was written, its results were not"; });
+    return true;
+  } catch (const Interrupted&) {
+    otherwise = "interrupted; " + otherwise;
+  } catch (const std::exception& error) {
+    std::cerr << "orv: " << error.what() << std::endl;
+  }
+  std::cerr << "orv: " << file << ": " << otherwise << std::endl;
+  return false;
+}
+
 int write(const samples::Sample& sample, const std::string& file, const SampleOptions& options) {
   const std::vector<std::string> files = samples::filesOf(sample, file);
   for (const std::string& one : files) {
@@ -96,9 +115,8 @@ int write(const samples::Sample& sample, const std::string& file, const SampleOp
       return refuse(one + ": is there already; --force overwrites it");
     }
   }
-  {
-    const ProgressBar progress(true);
-    samples::saveSample(sample, file, options.compression);
+  if (!save(sample, file, options.compression)) {
+    return exitNotDone;
   }
   const std::string cells = fmt::format("{} cells", samples::cellCount(sample.tables));
   for (const std::string& one : files) {
@@ -135,6 +153,7 @@ int runSample(const SampleOptions& options) {
     return refuse(
         fmt::format("{}: the name of a case file ends in {}", file, samples::kCaseEnding));
   }
+  const InterruptWatch watch;
   const auto cells = [&options](std::uint64_t usual) {
     return options.cells == 0 ? usual : options.cells;
   };

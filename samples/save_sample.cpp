@@ -22,9 +22,11 @@ std::vector<std::string> filesOf(const Sample& sample, const std::string& file) 
   return files;
 }
 
-void saveSample(const Sample& sample, const std::string& file, unsigned compression) {
+void saveSample(const Sample& sample, const std::string& file, unsigned compression,
+                const std::function<void()>& onCase) {
   const std::vector<std::string> files = filesOf(sample, file);
   store::saveCase(sample.tables, sample.arrays, files.front(), compression);
+  onCase();
   if (files.size() > 1) {
     store::saveResults(sample.tables, sample.arrays, files.back(), compression);
   }

@@ -5,6 +5,7 @@
 #ifndef VELTO_SAMPLES_SAVE_SAMPLE_H
 #define VELTO_SAMPLES_SAVE_SAMPLE_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,10 +23,13 @@ bool isCaseFile(const std::string& file);
 std::vector<std::string> filesOf(const Sample& sample, const std::string& file);
 
 /// Writes them, over what stands there. `compression` is 0 for none up to 9. Needs memory for the
-/// longest array of a zone; throws base::CaseError if a file could not be written.
+/// longest array of a zone; throws base::CaseError if a file could not be written. `onCase` is
+/// called when the case file is there, before the results.
 ///
 /// REQUIRES: isCaseFile(file)
-void saveSample(const Sample& sample, const std::string& file, unsigned compression);
+void saveSample(
+    const Sample& sample, const std::string& file, unsigned compression,
+    const std::function<void()>& onCase = [] {});
 
 }  // namespace velto::samples
 

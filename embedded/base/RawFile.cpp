@@ -100,6 +100,12 @@ void RawFile::write(std::uint64_t offset, const void* bytes, std::size_t size) {
   }
 }
 
+void RawFile::resize(std::uint64_t size) {
+  if (::ftruncate(descriptor_, static_cast<off_t>(size)) != 0) {
+    fail("cannot be given " + std::to_string(size) + " bytes");
+  }
+}
+
 void RawFile::sync() {
   if (::fsync(descriptor_) != 0) {
     fail("cannot be brought to the disk");
@@ -119,6 +125,9 @@ void requireFileName(const std::string& file) {
   std::error_code ignored;
   if (fs::is_directory(file, ignored)) {
     throw CaseError(file + ": is a folder");
+  }
+  if (fs::is_other(fs::status(file, ignored))) {
+    throw CaseError(file + ": is neither a file nor a free name");
   }
 }
 
@@ -146,6 +155,10 @@ void renameDurably(const std::string& from, const std::string& to) {
     throw CaseError(to + ": cannot take its name: " + reason());
   }
   syncFolder(fs::path(to).parent_path());
+}
+
+bool exchangeNames(const std::string& one, const std::string& other) {
+  return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
 }
 
 }  // namespace velto::base

@@ -32,6 +32,9 @@ class RawFile {
   void read(std::uint64_t offset, void* bytes, std::size_t size) const;
   void write(std::uint64_t offset, const void* bytes, std::size_t size);
 
+  /// Cuts the file, or makes it longer by zeros.
+  void resize(std::uint64_t size);
+
   /// Returns when all that was written is on the disk.
   void sync();
 
@@ -45,7 +48,8 @@ class RawFile {
   int descriptor_;
 };
 
-/// Throws CaseError unless a file may be written under that name: it is one, and no folder's.
+/// Throws CaseError unless a file may be written under that name: it is free or that of a file,
+/// and no folder's or device's.
 void requireFileName(const std::string& file);
 
 /// A name beside a file or folder that nothing has: "case.orv.part-1234-1" for "case.orv" and the
@@ -59,6 +63,10 @@ void syncFolder(const std::string& folder);
 /// Gives a file another name, in place of what has that name, and returns when the folder is on the
 /// disk too.
 void renameDurably(const std::string& from, const std::string& to);
+
+/// Gives two files or folders each other's name, at once. False, and nothing was done, if that
+/// failed or the file system cannot do it.
+bool exchangeNames(const std::string& one, const std::string& other);
 
 }  // namespace velto::base
 

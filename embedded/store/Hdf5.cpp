@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "embedded/store/NewFile.h"
 #include "embedded/store/hdf5_calls.h"
 
 namespace velto::store {
@@ -113,11 +114,12 @@ Hdf5File Hdf5File::open(const std::string& file, std::uint64_t size) {
 
 Hdf5File Hdf5File::create(const std::string& file, const std::string& shown) {
   const Handle access = handleOf(H5Pcreate(H5P_FILE_ACCESS), H5Pclose);
-  H5Pset_file_locking(access.id(), false, true);
+  auto made = std::make_shared<NewFile>(file, shown);
+  writeInto(access.id(), made);
   const hid_t id = hdf5(shown, "cannot be made", [&] {
     return H5Fcreate(file.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, access.id());
   });
-  return {handleOf(id, H5Fclose), shown, 0};
+  return {handleOf(id, H5Fclose), shown, 0, std::move(made)};
 }
 
 Group Hdf5File::root() const {
@@ -128,8 +130,12 @@ Group Hdf5File::root() const {
 
 void Hdf5File::close() {
   hdf5(shown_, "cannot be written out", [&] { return H5Fflush(handle_.id(), H5F_SCOPE_LOCAL); });
+  new_->requireWritten();
   hdf5(shown_, "cannot be closed", [&] { return handle_.close() ? 0 : -1; });
+  new_->requireWritten();
 }
+
+void Hdf5File::drop() { new_->drop(); }
 
 // --- Groups -------------------------------------------------------------------------------------
 

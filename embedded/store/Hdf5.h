@@ -15,12 +15,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace velto::store {
+
+class NewFile;
 
 /// Owns an HDF5 identifier. 64 bits wide, as hid_t is; negative for none.
 class Handle {
@@ -194,10 +197,15 @@ class Hdf5File {
   /// be gone.
   void close();
 
- private:
-  Hdf5File(Handle handle, std::string shown, std::uint64_t size)
-      : handle_(std::move(handle)), shown_(std::move(shown)), size_(size) {}
+  /// Lets nothing more be written of a new file: it is going to be removed.
+  void drop();
 
+ private:
+  Hdf5File(Handle handle, std::string shown, std::uint64_t size,
+           std::shared_ptr<NewFile> made = nullptr)
+      : new_(std::move(made)), handle_(std::move(handle)), shown_(std::move(shown)), size_(size) {}
+
+  std::shared_ptr<NewFile> new_;  ///< Null for a file that is read.
   Handle handle_;
   std::string shown_;
   std::uint64_t size_;

@@ -48,6 +48,9 @@ StoreWriter::StoreWriter(std::string file, OrvDataClass dataClass, unsigned comp
 }
 
 StoreWriter::~StoreWriter() {
+  if (hdf5_) {
+    hdf5_->drop();
+  }
   sinks_.clear();
   hdf5_.reset();
   if (!temporary_.empty()) {

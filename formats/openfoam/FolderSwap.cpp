@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// FolderSwap: two renames a folder, and the way back.
+// FolderSwap: an exchange of names or two renames a folder, and the way back.
 
 #include "formats/openfoam/FolderSwap.h"
 
@@ -78,6 +78,11 @@ void FolderSwap::place(Folder& folder) {
   std::error_code failed;
   base::syncFolder(folder.temporary);
   if (fs::exists(fs::symlink_status(folder.final, failed))) {
+    if (base::exchangeNames(folder.temporary, folder.final)) {
+      folder.aside = folder.temporary;
+      folder.isPlaced = true;
+      return;
+    }
     const fs::path aside = base::nameBeside(folder.final, "old");
     fs::rename(folder.final, aside, failed);
     if (failed) {
@@ -94,6 +99,10 @@ void FolderSwap::place(Folder& folder) {
 
 void FolderSwap::putBack(Folder& folder) {
   std::error_code ignored;
+  if (folder.isPlaced && folder.aside == folder.temporary) {
+    folder.isPlaced = !base::exchangeNames(folder.temporary, folder.final);
+    return;
+  }
   if (folder.isPlaced) {
     fs::rename(folder.final, folder.temporary, ignored);
     folder.isPlaced = static_cast<bool>(ignored);

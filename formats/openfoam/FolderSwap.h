@@ -13,7 +13,8 @@ namespace velto::openfoam {
 
 /// Each folder is "polyMesh.part-1234-1" while it is written. Until commit(), and for good if it is
 /// never called, whatever has the final name keeps it; the destructor removes what was made, the
-/// folders above it included where they had not been there.
+/// folders above it included where they had not been there. Where the file system can exchange two
+/// names, an older folder is replaced in one step.
 ///
 /// Errors: base::CaseError that names the folder and the reason.
 class FolderSwap {

@@ -18,6 +18,8 @@ import unittest
 
 import jsonschema
 
+from disturbed import STEPS
+
 ORV, MAKE_POLYMESH, SCHEMA = map(os.path.abspath, sys.argv[1:4])
 
 PERIODIC_PLAN = """\
@@ -35,27 +37,6 @@ results         none
 no copy carries
   mesh 1, restart: the shadow links of face zones 3,4
   mesh 1, restart: the shadow faces of face zones 3,4
-"""
-
-STEPS = """\
-Writing mesh
-  Copying problem size
-  Copying mesh units
-  Writing mesh attibutes
-  Copying zone toplogy
-  Writing node mesh
-  Writing cell mesh
-    Writing cell nodes
-    Writing cell types
-    Writing cell partitions
-  Writing face mesh
-    Writing face nodes
-    Writing face parents
-  Writing location model
-  Mesh written
-Writing settings
-  Settings written
-  Standard Settings written
 """
 
 

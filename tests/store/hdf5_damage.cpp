@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <stdexcept>
 
 #include "embedded/store/hdf5_calls.h"
 
@@ -20,6 +21,7 @@ using store::hdf5;
 namespace {
 
 constexpr hsize_t kChunk = 1024;
+constexpr std::size_t kMostRows = 1U << 20U;
 
 Handle openFile(const std::string& file, unsigned mode) {
   return {hdf5(file, "cannot be opened", [&] { return H5Fopen(file.c_str(), mode, H5P_DEFAULT); }),
@@ -110,6 +112,9 @@ Whole readWhole(const Handle& file, const std::string& path) {
   whole.extent.resize(static_cast<std::size_t>(H5Sget_simple_extent_ndims(space.id())));
   H5Sget_simple_extent_dims(space.id(), whole.extent.data(), nullptr);
   whole.rows = static_cast<std::size_t>(H5Sget_simple_extent_npoints(space.id()));
+  if (whole.rows > kMostRows) {
+    throw std::length_error(path + " claims too much already");
+  }
   whole.bytes.resize(whole.rows * whole.rowSize);
   const store::QuietErrors quiet;  // nothing here unpacks
   H5Dread(dataset.id(), whole.type.id(), H5S_ALL, H5S_ALL, H5P_DEFAULT, whole.bytes.data());
