@@ -112,8 +112,8 @@ Whole readWhole(const Handle& file, const std::string& path) {
   whole.extent.resize(static_cast<std::size_t>(H5Sget_simple_extent_ndims(space.id())));
   H5Sget_simple_extent_dims(space.id(), whole.extent.data(), nullptr);
   whole.rows = static_cast<std::size_t>(H5Sget_simple_extent_npoints(space.id()));
-  if (whole.rows > kMostRows) {
-    throw std::length_error(path + " claims too much already");
+  if (whole.rows > kMostRows || H5Tis_variable_str(whole.type.id()) > 0) {
+    throw std::length_error(path + " is damaged too much for more");
   }
   whole.bytes.resize(whole.rows * whole.rowSize);
   const store::QuietErrors quiet;  // nothing here unpacks
@@ -127,6 +127,15 @@ void writeBack(const Handle& file, const std::string& path, const Whole& whole) 
     return H5Dwrite(dataset.id(), whole.type.id(), H5S_ALL, H5S_ALL, H5P_DEFAULT,
                     whole.bytes.data());
   });
+}
+
+/// As readWhole(), of a dataset in which a number still has its place.
+Whole readWhole(const Handle& file, const NumberPlace& place) {
+  Whole whole = readWhole(file, place.dataset);
+  if (place.offset + place.size > whole.rowSize) {
+    throw std::length_error(place.dataset + " has no place for the number any more");
+  }
+  return whole;
 }
 
 /// Makes a dataset in place of another; without values it is not written.
@@ -316,7 +325,7 @@ BytePlace valuesOf(const std::string& file, const std::string& path) {
 
 void fillNumbers(const std::string& file, const NumberPlace& place, Filling filling) {
   const Handle opened = openFile(file, H5F_ACC_RDWR);
-  Whole whole = readWhole(opened, place.dataset);
+  Whole whole = readWhole(opened, place);
   std::vector<std::byte> number(place.size,
                                 filling == Filling::zeros ? std::byte{0} : std::byte{0xFF});
   if (filling == Filling::largest || filling == Filling::millions) {
@@ -337,7 +346,7 @@ void fillNumbers(const std::string& file, const NumberPlace& place, Filling fill
 void setNumber(const std::string& file, const NumberPlace& place, std::uint64_t row,
                std::uint64_t value) {
   const Handle opened = openFile(file, H5F_ACC_RDWR);
-  Whole whole = readWhole(opened, place.dataset);
+  Whole whole = readWhole(opened, place);
   if (whole.rows == 0) {
     return;
   }
@@ -467,46 +476,6 @@ void setRootNumbers(const std::string& file, const std::string& name,
 void writeForeignFile(const std::string& file) {
   const Handle made(H5Fcreate(file.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT), H5Fclose);
   makeGroup(made, "/somebody's");
-}
-
-// --- Names --------------------------------------------------------------------------------------
-
-const std::vector<Named<Filling>>& fillings() {
-  static const std::vector<Named<Filling>> kNames = {{"ones", Filling::ones},
-                                                     {"zeros", Filling::zeros},
-                                                     {"largest", Filling::largest},
-                                                     {"millions", Filling::millions}};
-  return kNames;
-}
-
-const std::vector<Named<DatasetDamage>>& datasetDamages() {
-  static const std::vector<Named<DatasetDamage>> kNames = {
-      {"removed", DatasetDamage::removed},
-      {"group", DatasetDamage::group},
-      {"other width", DatasetDamage::otherWidth},
-      {"floats", DatasetDamage::floats},
-      {"texts", DatasetDamage::texts},
-      {"any texts", DatasetDamage::anyTexts},
-      {"square", DatasetDamage::square},
-      {"shorter", DatasetDamage::shorter},
-      {"longer", DatasetDamage::longer},
-      {"empty", DatasetDamage::empty},
-      {"nothing", DatasetDamage::nothing},
-      {"claims chunks", DatasetDamage::claimsChunks},
-      {"claims one held", DatasetDamage::claimsOneHeld},
-      {"claims room", DatasetDamage::claimsRoom},
-      {"elsewhere", DatasetDamage::elsewhere}};
-  return kNames;
-}
-
-const std::vector<Named<AttributeDamage>>& attributeDamages() {
-  static const std::vector<Named<AttributeDamage>> kNames = {
-      {"removed", AttributeDamage::removed},   {"integer", AttributeDamage::integer},
-      {"integers", AttributeDamage::integers}, {"fraction", AttributeDamage::fraction},
-      {"text", AttributeDamage::text},         {"any text", AttributeDamage::anyText},
-      {"nothing", AttributeDamage::nothing},   {"largest", AttributeDamage::largest},
-      {"negative", AttributeDamage::negative}};
-  return kNames;
 }
 
 }  // namespace velto::testing
