@@ -93,8 +93,9 @@ void CaseComparison::compareZones(OrvZoneCategory category) {
     return ids;
   });
   compare(fmt::format("{} zones", categoryWord(category)), zones);
+  const std::set<int> inCopy(zones.second.begin(), zones.second.end());
   for (const int zone : zones.first) {
-    if (std::find(zones.second.begin(), zones.second.end(), zone) != zones.second.end()) {
+    if (inCopy.count(zone) > 0) {
       compareZone(category, zone);
     }
   }
@@ -166,13 +167,13 @@ void CaseComparison::compareCoordinates() {
   const auto listed = both([](OrvProvider& provider) {
     std::vector<int> zones;
     provider.beginNodeCoordinates(zones);
-    return zones;
+    return std::set<int>(zones.begin(), zones.end());
   });
-  const auto valuesOf = [](OrvProvider& provider, int zone, const std::vector<int>& withValues) {
+  const auto valuesOf = [](OrvProvider& provider, int zone, const std::set<int>& withValues) {
     std::uint64_t dimension = 0;
     provider.getZoneSizeInfo(zone, zoneDimension, dimension);
     std::vector<double> values(elementCount(provider, zone) * (dimension == 0 ? 3 : dimension));
-    const bool isListed = std::find(withValues.begin(), withValues.end(), zone) != withValues.end();
+    const bool isListed = withValues.count(zone) > 0;
     values.resize(isListed ? std::min(values.size(), provider.readNodeCoordinates(
                                                          zone, values.data(), values.size()))
                            : 0);

@@ -7,6 +7,8 @@
 
 #include <cctype>
 
+#include "orv/shown_name.h"
+
 namespace velto::orv {
 
 namespace {
@@ -62,6 +64,10 @@ void LineLimit::Buffer::pass() {
 void LineLimit::Buffer::endLine() {
   if (line_.back() != '\n') {
     return;
+  }
+  if (line_.front() != '\r') {  // progress, which has control characters of its own
+    line_.pop_back();
+    line_ = shownText(line_) + "\n";
   }
   if (most_ == kNone) {
     pass();

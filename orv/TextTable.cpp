@@ -35,14 +35,15 @@ std::string TextTable::text(const std::string& indent) const {
   std::vector<std::size_t> widths(columns_.size(), 0);
   for (const auto& line : lines) {
     for (std::size_t i = 0; i < line.size(); ++i) {
-      widths[i] = std::max(widths[i], widthOf(line[i]));
+      const std::size_t width = widthOf(line[i]);
+      widths[i] = width > kMostAligned ? widths[i] : std::max(widths[i], width);
     }
   }
   std::string text;
   for (const auto& line : lines) {
     std::string row = indent;
     for (std::size_t i = 0; i < line.size(); ++i) {
-      const std::string padding(widths[i] - widthOf(line[i]), ' ');
+      const std::string padding(widths[i] - std::min(widths[i], widthOf(line[i])), ' ');
       row += i == 0 ? "" : "  ";
       row += columns_[i].align == Align::right ? padding + line[i] : line[i] + padding;
     }

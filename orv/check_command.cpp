@@ -18,6 +18,7 @@
 #include "orv/hints.h"
 #include "orv/json_report.h"
 #include "orv/open_case.h"
+#include "orv/shown_name.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -133,7 +134,7 @@ std::uint64_t mostLines(int verbosity) {
 
 void tellLeftOut(const std::string& file, const LineLimit& limit) {
   for (const LineLimit::LeftOut& lines : limit.leftOut()) {
-    std::cerr << "orv: " << file << ": " << lines.count << " more like \"" << lines.like
+    std::cerr << "orv: " << shownText(file) << ": " << lines.count << " more like \"" << lines.like
               << "\"; -v 2 shows all" << std::endl;
   }
 }
@@ -172,7 +173,8 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
     result.errors = checker.getErrors();
     result.errors.push_back(std::string(" : the check ended early: ") + error.what());
     if (!options.quiet && !options.json) {
-      std::cerr << "orv: " << file << ": the check ended early: " << error.what() << std::endl;
+      std::cerr << "orv: " << shownText(file)
+                << ": the check ended early: " << shownText(error.what()) << std::endl;
     }
   }
   result.warnings = checker.getWarnings();
@@ -185,17 +187,18 @@ FileResult checkFile(const std::string& file, const CheckOptions& options) {
 }
 
 std::string verdictLine(const FileResult& result) {
+  const std::string file = shownText(result.file);
   const std::string counts = counted(result.errors.size(), "error", "errors") + ", " +
                              counted(result.warnings.size(), "warning", "warnings");
   switch (result.verdict) {
     case Verdict::sound:
-      return fmt::format("{}: sound ({})", result.file, counts);
+      return fmt::format("{}: sound ({})", file, counts);
     case Verdict::errors:
-      return fmt::format("{}: not sound ({})", result.file, counts);
+      return fmt::format("{}: not sound ({})", file, counts);
     case Verdict::notChecked:
       break;
   }
-  return fmt::format("{}: not checked ({})", result.file, counts);
+  return fmt::format("{}: not checked ({})", file, counts);
 }
 
 std::string totalLine(const std::vector<FileResult>& results) {
@@ -253,7 +256,7 @@ int runCheck(const CheckOptions& options) {
   ProgressBar progress(isText);
   for (const std::string& file : options.files) {
     if (isText && options.files.size() > 1) {
-      std::cerr << file << ":" << std::endl;
+      std::cerr << shownText(file) << ":" << std::endl;
     }
     results.push_back(checkFile(file, options));
     if (isText) {

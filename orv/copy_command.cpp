@@ -26,6 +26,7 @@
 #include "orv/copy_files.h"
 #include "orv/copy_report.h"
 #include "orv/open_case.h"
+#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -114,7 +115,7 @@ class Copying {
     printMessages(*destination_, files_.destination);
     if (!isDone) {
       destination_.reset();  // drops what is half written
-      std::cerr << "orv: " << files_.destination << ": "
+      std::cerr << "orv: " << shownText(files_.destination) << ": "
                 << (InterruptWatch::isInterrupted() ? "interrupted; " : "") << otherwise
                 << (sourceFailed_ && !options_.keepGoing ? "; --keep-going copies what can be read"
                                                          : "")
@@ -165,7 +166,7 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
   try {
     const CaseComparison comparison = compared(source, *copy, plan, options);
     for (const std::string& difference : comparison.differences()) {
-      std::cerr << "orv: differs: " << difference << std::endl;
+      std::cerr << "orv: differs: " << shownText(difference) << std::endl;
     }
     const std::size_t more = comparison.differenceCount() - comparison.differences().size();
     if (more != 0) {
@@ -175,8 +176,8 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
     printMessages(*copy, files.destination);
     return comparison.differenceCount() == 0 && !copy->hasError();
   } catch (const Interrupted&) {
-    std::cerr << "orv: " << files.destination << ": interrupted; written, and not verified"
-              << std::endl;
+    std::cerr << "orv: " << shownText(files.destination)
+              << ": interrupted; written, and not verified" << std::endl;
     return false;
   }
 }
@@ -235,7 +236,7 @@ int runCopy(const CopyOptions& options) {
   try {
     return copyFiles(options);
   } catch (const Interrupted&) {
-    std::cerr << "orv: " << options.destination << ": interrupted; nothing was written"
+    std::cerr << "orv: " << shownText(options.destination) << ": interrupted; nothing was written"
               << std::endl;
     return exitNotDone;
   }

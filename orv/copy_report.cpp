@@ -11,6 +11,7 @@
 
 #include "orv/TextTable.h"
 #include "orv/json_report.h"
+#include "orv/shown_name.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -60,8 +61,8 @@ void printLines(std::ostream& out, const std::string& title,
 
 void printPlan(const CopyFiles& files, const CopyPlan& plan) {
   using Align = TextTable::Align;
-  std::cout << fmt::format("{} -> {} ({})\n\n", files.source, files.destination,
-                           files.format->name);
+  std::cout << fmt::format("{} -> {} ({})\n\n", shownText(files.source),
+                           shownText(files.destination), files.format->name);
   TextTable table({{"mesh", Align::right},
                    {"target"},
                    {"partition"},
@@ -79,7 +80,7 @@ void printPlan(const CopyFiles& files, const CopyPlan& plan) {
   }
   std::cout << table.text("") << "\n";
   TextTable rest({{"besides"}, {""}});
-  rest.addRow({"solver type", plan.solverFormat});
+  rest.addRow({"solver type", shownText(plan.solverFormat)});
   rest.addRow({"location model", modelWord(plan.model)});
   rest.addRow({"settings", std::to_string(plan.settings)});
   rest.addRow(
@@ -138,9 +139,10 @@ void printCopyText(const CopyFiles& files, const CopyPlan& plan, const CopyOptio
   std::cerr << std::flush;
   for (const std::string& file : files.written) {
     const bool isResults = file == files.destinationResults;
-    std::cout << fmt::format(
-        "{}: {}, {}{}\n", file, isResults ? "results" : counted(cellsOf(plan), "cell", "cells"),
-        sizeText(bytesOf(file)), outcome.isVerified ? ", same as its source" : "");
+    std::cout << fmt::format("{}: {}, {}{}\n", shownText(file),
+                             isResults ? "results" : counted(cellsOf(plan), "cell", "cells"),
+                             sizeText(bytesOf(file)),
+                             outcome.isVerified ? ", same as its source" : "");
   }
   std::cout << std::flush;
 }

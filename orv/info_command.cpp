@@ -16,11 +16,15 @@
 #include "orv/commands.h"
 #include "orv/json_report.h"
 #include "orv/open_case.h"
+#include "orv/shown_name.h"
 #include "orv/words.h"
 
 namespace velto::orv {
 
 namespace {
+
+/// A name in a column of its own, where none at all stands out.
+std::string nameWord(const std::string& name) { return name.empty() ? "" : shownName(name); }
 
 std::string typeWord(const ZoneSummary& zone) {
   if (zone.category != zoneCategoryFace) {
@@ -64,8 +68,9 @@ void printZones(const MeshSummary& mesh) {
                    {"cell zones"},
                    {"shadow"}});
   for (const ZoneSummary& zone : mesh.zones) {
-    table.addRow({std::to_string(zone.id), categoryWord(zone.category), zone.name, typeWord(zone),
-                  shapeWord(zone), std::to_string(zone.count), rangeWord(zone), sidesWord(zone),
+    table.addRow({std::to_string(zone.id), categoryWord(zone.category), nameWord(zone.name),
+                  nameWord(typeWord(zone)), shapeWord(zone), std::to_string(zone.count),
+                  rangeWord(zone), sidesWord(zone),
                   zone.shadow == 0 ? "" : std::to_string(zone.shadow)});
   }
   std::cout << table.text("  ");
@@ -78,33 +83,35 @@ void printVariables(const MeshSummary& mesh) {
   TextTable table(
       {{"phase"}, {"on"}, {"variable"}, {"values", TextTable::Align::right}, {"zones"}});
   for (const VariableSummary& variable : mesh.variables) {
-    table.addRow({variable.phase, categoryWord(variable.category), variable.name,
-                  std::to_string(variable.valuesPerEntity), joined(variable.zones)});
+    table.addRow({nameWord(variable.phase), categoryWord(variable.category),
+                  nameWord(variable.name), std::to_string(variable.valuesPerEntity),
+                  joined(variable.zones)});
   }
   std::cout << "\n" << table.text("  ");
 }
 
 void printText(const CaseSummary& summary) {
   std::cout << fmt::format("{}\n  version {}.{}.{}, solver type {}, {} location model\n",
-                           summary.file, summary.major, summary.minor, summary.patch,
-                           summary.solverType.empty() ? "not set" : summary.solverType,
+                           shownText(summary.file), summary.major, summary.minor, summary.patch,
+                           summary.solverType.empty() ? "not set" : shownName(summary.solverType),
                            summary.hasLocationModel ? "with a" : "no");
   if (!summary.results.empty()) {
-    std::cout << fmt::format("  results in {}\n", summary.results);
+    std::cout << fmt::format("  results in {}\n", shownText(summary.results));
   }
   for (const MeshSummary& mesh : summary.meshes) {
     std::cout << fmt::format(
         "\nmesh {}, {}{}: {}-D, {} nodes, {} faces, {} cells{}\n", mesh.mesh,
         targetWord(mesh.target),
         mesh.partition == -1 ? "" : fmt::format(", partition {}", mesh.partition), mesh.dimension,
-        mesh.nodes, mesh.faces, mesh.cells, mesh.units.empty() ? "" : ", unit " + mesh.units);
+        mesh.nodes, mesh.faces, mesh.cells,
+        mesh.units.empty() ? "" : ", unit " + shownName(mesh.units));
     printZones(mesh);
     printVariables(mesh);
   }
   if (!summary.settings.empty()) {
     TextTable table({{"setting"}, {"value"}});
     for (const auto& setting : summary.settings) {
-      table.addRow({setting.first, setting.second});
+      table.addRow({nameWord(setting.first), shownText(setting.second)});
     }
     std::cout << "\n" << table.text("");
   }

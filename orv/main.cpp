@@ -9,6 +9,7 @@
 #include <string>
 
 #include "orv/commands.h"
+#include "orv/shown_name.h"
 #include "orv/standard_streams.h"
 
 namespace {
@@ -285,7 +286,7 @@ int main(int argc, char** argv) {
   try {
     status = run(argc, argv);
   } catch (const std::exception& error) {
-    std::cerr << "orv: " << error.what() << std::endl;
+    std::cerr << "orv: " << shownText(error.what()) << std::endl;
   }
   return finishOutput() ? status : exitNotDone;
 }

@@ -12,6 +12,7 @@
 #include "orv/json_report.h"
 #include "orv/model_views.h"
 #include "orv/open_case.h"
+#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -33,7 +34,7 @@ bool hasFaces(const ModelSummary& summary) {
 void explainMissingFaces(const ModelSummary& summary) {
   if (summary.origin == ModelOrigin::built && summary.target != targetRestart &&
       !hasFaces(summary)) {
-    std::cerr << "orv: " << summary.file << ": no faces: mesh " << summary.mesh
+    std::cerr << "orv: " << shownText(summary.file) << ": no faces: mesh " << summary.mesh
               << " is no restart mesh and does not tell which cell zones its face zones bound"
               << std::endl;
   }

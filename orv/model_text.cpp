@@ -13,6 +13,7 @@
 
 #include "orv/TextTable.h"
 #include "orv/model_views.h"
+#include "orv/shown_name.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -139,7 +140,7 @@ std::string countsText(const ModelSummary& summary) {
 }  // namespace
 
 std::string modelText(const ModelSummary& summary) {
-  std::string text = fmt::format("{}\n  {}\n", summary.file, originWords(summary));
+  std::string text = fmt::format("{}\n  {}\n", shownText(summary.file), originWords(summary));
   for (const PartOfModel& part : summary.parts) {
     text += fmt::format("\npart {}\n", nameWord(part.name, part.id));
     for (const int body : part.bodies) {

@@ -25,7 +25,7 @@ std::string modelErrors(const ModelSummary& summary) {
   const char* who = summary.mesh == 0 ? "orv" : "Error";
   std::string lines;
   for (const std::string& error : summary.errors) {
-    lines += fmt::format("{}: {}: {}\n", who, summary.file, error);
+    lines += fmt::format("{}: {}: {}\n", who, shownText(summary.file), shownText(error));
   }
   return lines;
 }

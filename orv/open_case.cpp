@@ -13,6 +13,7 @@
 
 #include "factory/file_names.h"
 #include "orv/hints.h"
+#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -23,14 +24,14 @@ bool isOdd(const std::string& file) {
 }
 
 void refuseOdd(const std::string& file) {
-  std::cerr << "orv: " << file << ": is neither a file nor a folder" << std::endl;
+  std::cerr << "orv: " << shownText(file) << ": is neither a file nor a folder" << std::endl;
 }
 
 ProviderOwner openCase(const std::string& file) {
   std::error_code error;
   if (!std::filesystem::exists(file, error)) {
-    std::cerr << "orv: " << file << ": " << (error ? error.message() : "no such file or folder")
-              << std::endl;
+    std::cerr << "orv: " << shownText(file) << ": "
+              << (error ? error.message() : "no such file or folder") << std::endl;
     return nullptr;
   }
   if (isOdd(file)) {
@@ -75,7 +76,7 @@ void printMessages(OrvBase& side, const std::string& file) {
     for (std::size_t at = words.find(name); at != std::string::npos; at = words.find(name)) {
       words.erase(at, name.size());
     }
-    std::cerr << kind << ": " << file << ":" << words << std::endl;
+    std::cerr << kind << ": " << shownText(file) << ":" << shownText(words) << std::endl;
   };
   for (const std::string& text : side.getWarnings(true, true)) {
     print("Warning", text);

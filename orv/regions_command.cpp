@@ -37,8 +37,8 @@ void printFindings(const RegionSummary& summary, const std::string& only) {
   const std::string& file = summary.model.file;
   for (const Finding& finding : summary.findings) {
     if (isTold(finding, only)) {
-      std::cerr << (finding.isError ? "Error: " : "Warning: ") << file << ": " << finding.text
-                << std::endl;
+      std::cerr << (finding.isError ? "Error: " : "Warning: ") << shownText(file) << ": "
+                << shownText(finding.text) << std::endl;
     }
   }
   if (only.empty() &&
@@ -47,7 +47,8 @@ void printFindings(const RegionSummary& summary, const std::string& only) {
     hintAtExplanation(file);
   }
   if (summary.regions.empty() && summary.findings.empty()) {
-    std::cerr << "orv: " << file << ": the settings have no physics objects" << std::endl;
+    std::cerr << "orv: " << shownText(file) << ": the settings have no physics objects"
+              << std::endl;
   }
 }
 
@@ -75,7 +76,7 @@ void refuseName(const RegionSummary& summary, const std::string& name) {
     names.push_back(region.name);
   }
   std::cerr << fmt::format("orv: {0}: no region is named {1}; {2}`orv regions {0}` lists all",
-                           summary.model.file, shownName(name), guessWords(name, names))
+                           shownText(summary.model.file), shownName(name), guessWords(name, names))
             << std::endl;
 }
 

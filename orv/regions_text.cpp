@@ -120,7 +120,7 @@ Row rowOf(const RegionSummary& summary, const Region& region) {
 }
 
 std::string headText(const ModelSummary& model) {
-  return model.file + "\n" +
+  return shownText(model.file) + "\n" +
          (model.origin == ModelOrigin::none ? "" : "  " + originWords(model) + "\n");
 }
 

@@ -16,6 +16,7 @@
 #include "orv/commands.h"
 #include "orv/json_report.h"
 #include "orv/near_name.h"
+#include "orv/shown_name.h"
 #include "orv/words.h"
 #include "samples/defects.h"
 #include "samples/samples.h"
@@ -71,7 +72,7 @@ void printJson() {
 
 /// Says why nothing is written.
 ExitStatus refuse(const std::string& reason) {
-  std::cerr << "orv: " << reason << std::endl;
+  std::cerr << "orv: " << shownText(reason) << std::endl;
   return exitNotDone;
 }
 
@@ -102,9 +103,9 @@ bool save(const samples::Sample& sample, const std::string& file, unsigned compr
   } catch (const Interrupted&) {
     otherwise = "interrupted; " + otherwise;
   } catch (const std::exception& error) {
-    std::cerr << "orv: " << error.what() << std::endl;
+    std::cerr << "orv: " << shownText(error.what()) << std::endl;
   }
-  std::cerr << "orv: " << file << ": " << otherwise << std::endl;
+  std::cerr << "orv: " << shownText(file) << ": " << otherwise << std::endl;
   return false;
 }
 
@@ -120,7 +121,7 @@ int write(const samples::Sample& sample, const std::string& file, const SampleOp
   }
   const std::string cells = fmt::format("{} cells", samples::cellCount(sample.tables));
   for (const std::string& one : files) {
-    std::cout << fmt::format("{}: {}, {}", one, one == file ? cells : "results",
+    std::cout << fmt::format("{}: {}, {}", shownText(one), one == file ? cells : "results",
                              sizeText(std::filesystem::file_size(one)))
               << std::endl;
   }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// shownName: character by character through UTF-8.
+// shownName, shownText: character by character through UTF-8.
 
 #include "orv/shown_name.h"
 
@@ -76,29 +76,41 @@ bool looksLikeSomethingElse(const std::string& name) {
          name.back() == ' ' || name.find(", ") != std::string::npos;
 }
 
-}  // namespace
-
-std::string shownName(const std::string& name) {
-  std::string text;
-  bool isPlain = !looksLikeSomethingElse(name);
-  for (std::size_t at = 0; at < name.size();) {
-    const Character character = characterAt(name, at);
+/// The text with its escapes; `inQuotes` has quotes and backslashes escaped as well.
+std::string withEscapes(const std::string& text, bool inQuotes, bool& hasEscapes) {
+  std::string shown;
+  hasEscapes = false;
+  for (std::size_t at = 0; at < text.size();) {
+    const Character character = characterAt(text, at);
     if (character.bytes == 0) {
-      text += fmt::format("\\x{:02x}", byteAt(name, at));
-      isPlain = false;
+      shown += fmt::format("\\x{:02x}", byteAt(text, at));
+      hasEscapes = true;
       ++at;
       continue;
     }
     if (isControl(character.point)) {
-      text += escaped(character.point);
-      isPlain = false;
+      shown += escaped(character.point);
+      hasEscapes = true;
     } else {
-      text += name[at] == '"' || name[at] == '\\' ? "\\" : "";
-      text += name.substr(at, character.bytes);
+      shown += inQuotes && (text[at] == '"' || text[at] == '\\') ? "\\" : "";
+      shown.append(text, at, character.bytes);
     }
     at += character.bytes;
   }
-  return isPlain ? name : "\"" + text + "\"";
+  return shown;
+}
+
+}  // namespace
+
+std::string shownText(const std::string& text) {
+  bool hasEscapes = false;
+  return withEscapes(text, false, hasEscapes);
+}
+
+std::string shownName(const std::string& name) {
+  bool hasEscapes = false;
+  const std::string text = withEscapes(name, true, hasEscapes);
+  return hasEscapes || looksLikeSomethingElse(name) ? "\"" + text + "\"" : name;
 }
 
 }  // namespace velto::orv

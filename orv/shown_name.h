@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// shownName: a name from a file, fit for a line of text.
+// shownName, shownText: what comes from a file, fit for a line of text.
 
 #ifndef VELTO_ORV_SHOWN_NAME_H
 #define VELTO_ORV_SHOWN_NAME_H
@@ -8,6 +8,11 @@
 #include <string>
 
 namespace velto::orv {
+
+/// A text on one line: as it is, but for what is no printable UTF-8, which is escaped ("\n",
+/// "\x1b", "\u202e"). For texts that stand between words of ours, such as messages and the names of
+/// files.
+std::string shownText(const std::string& text);
 
 /// The name as it is, if it cannot be mistaken for anything else. Otherwise in quotes, with
 /// escapes for what is no printable UTF-8: control characters, marks that turn the direction of

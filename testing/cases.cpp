@@ -191,9 +191,9 @@ CasePtr withResults() {
   return built;
 }
 
-CasePtr withPartitions() {
+CasePtr rowOfPartitions(int count) {
   CaseBuilder builder;
-  for (const int partition : {0, 1}) {
+  for (int partition = 0; partition < count; ++partition) {
     Points points = cubePoints();
     for (std::vector<double>& point : points) {
       point[0] += partition;
@@ -208,11 +208,13 @@ CasePtr withPartitions() {
   CasePtr built = asPost(builder.build());
   for (auto& mesh : built->data) {
     memory::CellPartitionData& partitions = mesh.second.cellPartitions[3];
-    partitions.info = 2;
+    partitions.info = count;
     partitions.partitions = Slice<int>(std::vector<int>{mesh.first.partition});
   }
   return built;
 }
+
+CasePtr withPartitions() { return rowOfPartitions(2); }
 
 const std::vector<NamedCase>& all() {
   static const std::vector<NamedCase> kAll = {{"OneHex", oneHex},

@@ -65,6 +65,9 @@ CasePtr withResults();
 /// and 1, with cell zone 3 "fluid", whose cells say which partition they are meant for.
 CasePtr withPartitions();
 
+/// A row of `count` such partitions, for what must stay cheap with many of them.
+CasePtr rowOfPartitions(int count);
+
 /// A row of three hexahedra with a location model and physics objects of every kind: face zones 2
 /// "screen" (1, interior), 3 "contact" (1, two-sided), 4 "fluid walls" (9) and 5 "solid walls" (5),
 /// cell zones 6 "fluid" (2) and 7 "solid" (1).

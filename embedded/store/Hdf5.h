@@ -7,8 +7,8 @@
 //         Dataset  one row of numbers, contiguous or in chunks
 //
 // Every function throws base::CaseError with the file, the place and HDF5's own reason. HDF5 itself
-// never prints. Objects may outlive the file object they came from; HDF5 closes the file with the
-// last of them.
+// never prints, and is never called by two threads at a time. Objects may outlive the file object
+// they came from; HDF5 closes the file with the last of them.
 
 #ifndef VELTO_EMBEDDED_STORE_HDF5_H
 #define VELTO_EMBEDDED_STORE_HDF5_H

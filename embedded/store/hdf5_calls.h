@@ -1,17 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What both sources of Hdf5.h need around a call of HDF5: silence, and a reason when it fails.
+// What both sources of Hdf5.h need around a call of HDF5: a turn, silence, a reason when it fails.
 
 #ifndef VELTO_EMBEDDED_STORE_HDF5_CALLS_H
 #define VELTO_EMBEDDED_STORE_HDF5_CALLS_H
 
 #include <hdf5.h>
+#include <mutex>
 #include <string>
 
 #include "embedded/base/CaseError.h"
 #include "embedded/store/Hdf5.h"
 
 namespace velto::store {
+
+/// HDF5 takes one thread at a time, and not every build of it sees to that by itself: each function
+/// of Hdf5.h that calls it waits for its turn.
+class Hdf5Turn {
+ public:
+  Hdf5Turn() : lock_(mutex()) {}
+
+ private:
+  static std::recursive_mutex& mutex() {
+    static std::recursive_mutex only;
+    return only;
+  }
+
+  std::lock_guard<std::recursive_mutex> lock_;
+};
 
 /// While it lives HDF5 prints no errors on this thread; whatever handler was there comes back.
 class QuietErrors {

@@ -49,7 +49,10 @@ bool isPacked(hid_t creation) {
 
 }  // namespace
 
-std::size_t sizeOf(NumberType type) { return H5Tget_size(numberTypeId(type)); }
+std::size_t sizeOf(NumberType type) {
+  const Hdf5Turn turn;
+  return H5Tget_size(numberTypeId(type));
+}
 
 hid_t numberTypeId(NumberType type) {
   switch (type) {
@@ -67,6 +70,7 @@ hid_t numberTypeId(NumberType type) {
 
 Dataset Group::makeDataset(const std::string& name, NumberType type, std::uint64_t rows,
                            std::uint64_t chunkRows) {
+  const Hdf5Turn turn;
   const Handle creation(H5Pcreate(H5P_DATASET_CREATE), H5Pclose);
   const hsize_t extent = chunkRows == 0 ? rows : 0;
   const hsize_t most = chunkRows == 0 ? rows : H5S_UNLIMITED;
@@ -94,6 +98,7 @@ Dataset Group::makeDataset(const std::string& name, NumberType type, std::uint64
 }
 
 Dataset Group::openDataset(const std::string& name, NumberType type) const {
+  const Hdf5Turn turn;
   if (!has(name)) {
     throw CaseError(where(name) + ": the dataset is missing");
   }
@@ -155,6 +160,7 @@ void Dataset::examineChunks() {
 }
 
 std::vector<FileRange> Dataset::ranges() const {
+  const Hdf5Turn turn;
   if (storage_ == Storage::contiguous) {
     return {{offset_, offset_ + rows_ * sizeOf(type_)}};
   }
@@ -171,6 +177,7 @@ std::vector<FileRange> Dataset::ranges() const {
 }
 
 void Dataset::read(std::uint64_t first, std::uint64_t count, void* values) const {
+  const Hdf5Turn turn;
   const Handle file = selection(handle_.id(), first, count);
   const Handle memory = memorySpace(count);
   hdf5(where_, "cannot be read", [&] {
@@ -179,6 +186,7 @@ void Dataset::read(std::uint64_t first, std::uint64_t count, void* values) const
 }
 
 void Dataset::write(std::uint64_t first, std::uint64_t count, const void* values) {
+  const Hdf5Turn turn;
   const Handle file = selection(handle_.id(), first, count);
   const Handle memory = memorySpace(count);
   hdf5(where_, "cannot be written", [&] {
@@ -187,18 +195,21 @@ void Dataset::write(std::uint64_t first, std::uint64_t count, const void* values
 }
 
 void Dataset::extend(std::uint64_t rows) {
+  const Hdf5Turn turn;
   const hsize_t extent = rows;
   hdf5(where_, "cannot be made longer", [&] { return H5Dset_extent(handle_.id(), &extent); });
   rows_ = rows;
 }
 
 void Dataset::writeChunk(std::uint64_t firstRow, const void* bytes, std::size_t size) {
+  const Hdf5Turn turn;
   const hsize_t at = firstRow;
   hdf5(where_, "cannot be written",
        [&] { return H5Dwrite_chunk(handle_.id(), H5P_DEFAULT, 0, &at, size, bytes); });
 }
 
 std::size_t Dataset::chunkSize(std::uint64_t firstRow) const {
+  const Hdf5Turn turn;
   const hsize_t at = firstRow;
   hsize_t size = 0;
   hdf5(where_, "has an unreadable chunk",
@@ -207,6 +218,7 @@ std::size_t Dataset::chunkSize(std::uint64_t firstRow) const {
 }
 
 void Dataset::readChunk(std::uint64_t firstRow, void* bytes) const {
+  const Hdf5Turn turn;
   const hsize_t at = firstRow;
   std::uint32_t filters = 0;
   hdf5(where_, "cannot be read",

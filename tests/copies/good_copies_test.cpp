@@ -6,11 +6,6 @@
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
-
-#include "velto/OrvChecker.h"
-
-#include "data_access/OrvFactory.h"
 
 #include "embedded/memory/MemoryConsumer.h"
 #include "embedded/memory/MemoryProvider.h"
@@ -22,41 +17,15 @@
 #include "testing/TempFolder.h"
 #include "testing/cases.h"
 #include "testing/random_case.h"
-#include "tests/copies/copy_whole.h"
+#include "tests/copies/case_files.h"
 
 namespace velto::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct DeleteThroughFileIO {
-  void operator()(OrvFileIO* side) const { delete side; }
-};
-using ProviderOwner = std::unique_ptr<OrvFileProvider, DeleteThroughFileIO>;
-
 const char* const kNoPhysics =
     "checkPhysicsToMeshMapUsingTopologyModel : No Physics Model - skipped";
-
-/// All that a checker has to say of a file, errors first.
-Texts findingsOf(const std::string& file) {
-  OrvChecker checker;
-  checker.setVerbosity(0);
-  checker.setCheckLevel(2);
-  checker.checkCase(file);
-  Texts findings = checker.getErrors();
-  findings.insert(findings.end(), checker.getWarnings().begin(), checker.getWarnings().end());
-  return findings;
-}
-
-/// A case file that is open, with the results beside it if there are any.
-ProviderOwner opened(const std::string& file) {
-  ProviderOwner provider(getDataProvider(file));
-  EXPECT_TRUE(provider && provider->startReading(file, dataClassCase)) << file;
-  if (fs::exists(file + "r")) {
-    EXPECT_TRUE(provider->startReading(file + "r", dataClassResults)) << file;
-  }
-  return provider;
-}
 
 /// Copies into the store, reads the copy back, and expects it to be as good and to hold the same.
 void expectGoodCopy(OrvFileProvider& source, unsigned compression, const Texts& findings = {}) {
