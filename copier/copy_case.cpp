@@ -154,6 +154,7 @@ std::string currentTime() {
   tzset();  // as a change of the time zone asks for
   localtime_r(&now, &local);
   std::ostringstream text;
+  text.exceptions(std::ios_base::badbit);  // A lack of memory would cut the text short.
   text << std::put_time(&local, "%c");
   return text.str();
 }

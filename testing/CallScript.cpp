@@ -14,6 +14,13 @@ void CallScript::on(const std::string& call, int nth, Action action) {
   hooks_.push_back({call, nth, 0, std::move(action)});
 }
 
+void CallScript::hideTables(const std::string& call, int nth) {
+  on(call, nth, [this](base::CaseCore& core) {
+    hidden_ = std::move(core.tables);
+    core.tables = base::CaseTables();
+  });
+}
+
 void CallScript::note(const std::string& line) {
   if (transcript_ != nullptr) {
     transcript_->push_back(line);
@@ -21,6 +28,10 @@ void CallScript::note(const std::string& line) {
 }
 
 void CallScript::called(const std::string& call, base::CaseCore& core) {
+  if (hidden_) {
+    core.tables = std::move(*hidden_);
+    hidden_.reset();
+  }
   note(call);
   const std::string operation = operationOf(call);
   std::vector<Action> due;  // an action may add hooks, so none runs while they are gone through

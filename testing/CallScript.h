@@ -6,6 +6,7 @@
 #define VELTO_TESTING_CALL_SCRIPT_H
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,9 @@ class CallScript {
   void on(const std::string& call, Action action);
   void on(const std::string& call, int nth, Action action);
 
+  /// The nth such call (from 1) finds empty tables; they are back when the next call comes.
+  void hideTables(const std::string& call, int nth);
+
   /// Writes a line and nothing else.
   void note(const std::string& line);
 
@@ -44,6 +48,7 @@ class CallScript {
 
   Transcript* transcript_;
   std::vector<Hook> hooks_;
+  std::optional<base::CaseTables> hidden_;
 };
 
 }  // namespace velto::testing

@@ -26,6 +26,10 @@ void RecordingConsumer::on(const std::string& call, int nth, CallScript::Action 
   script_.on(call, nth, std::move(action));
 }
 
+void RecordingConsumer::hideTables(const std::string& call, int nth) {
+  script_.hideTables(call, nth);
+}
+
 void RecordingConsumer::onCall(const std::string& call) {
   script_.called(call, base::coreOf(*this));
 }

@@ -42,6 +42,9 @@ class RecordingConsumer : private FilledCase,
   void on(const std::string& call, CallScript::Action action);
   void on(const std::string& call, int nth, CallScript::Action action);
 
+  /// The nth such call finds no case, and answers as it does then; the next finds it again.
+  void hideTables(const std::string& call, int nth);
+
   /// What was written so far.
   std::shared_ptr<memory::Case> takeCase() const { return filled.takeCase(); }
 

@@ -45,6 +45,10 @@ void ScriptedProvider::on(const std::string& call, int nth, CallScript::Action a
   script_.on(call, nth, std::move(action));
 }
 
+void ScriptedProvider::hideTables(const std::string& call, int nth) {
+  script_.hideTables(call, nth);
+}
+
 void ScriptedProvider::refuseToRead(const std::string& reason) { refusal_ = reason; }
 
 void ScriptedProvider::answerList(const std::string& call, std::vector<int> list) {

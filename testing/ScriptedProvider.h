@@ -52,6 +52,9 @@ class ScriptedProvider : private ServedCase,
   void on(const std::string& call, CallScript::Action action);
   void on(const std::string& call, int nth, CallScript::Action action);
 
+  /// The nth such call finds no case, and answers as it does then; the next finds it again.
+  void hideTables(const std::string& call, int nth);
+
   /// startReading opens nothing, posts `reason` unless it is empty, and answers false.
   void refuseToRead(const std::string& reason);
 

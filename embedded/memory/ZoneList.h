@@ -17,14 +17,11 @@ class ZoneList {
  public:
   const std::vector<int>& zones() const { return zones_; }
 
-  /// The data of a zone; a zone that is not listed yet is added at the end.
+  /// The data of a zone; a zone that is not listed yet is added at the end. Throws what the
+  /// allocator throws, and leaves the list as it was then.
   Data& operator[](int zone) {
-    const auto [found, isNew] = positions_.emplace(zone, zones_.size());
-    if (isNew) {
-      zones_.push_back(zone);
-      data_.emplace_back();
-    }
-    return data_[found->second];
+    const auto found = positions_.find(zone);
+    return found == positions_.end() ? add(zone) : data_[found->second];
   }
 
   /// The data of a zone, or null.
@@ -45,6 +42,19 @@ class ZoneList {
   }
 
  private:
+  Data& add(int zone) {
+    const std::size_t position = zones_.size();
+    data_.resize(position + 1);  // there may be one that an earlier attempt left
+    zones_.push_back(zone);
+    try {
+      positions_.emplace(zone, position);
+    } catch (...) {
+      zones_.pop_back();
+      throw;
+    }
+    return data_[position];
+  }
+
   std::vector<int> zones_;
   std::vector<Data> data_;
   std::unordered_map<int, std::size_t> positions_;

@@ -28,6 +28,14 @@ void prepare(Double& misbehaving, const std::vector<Misdeed>& misdeeds) {
       misbehaving.on(call, misdeed.nth, [](base::CaseCore&) { throw 42; });
     } else if (misdeed.kind == Misdeed::Kind::throwsNoMemory) {
       misbehaving.on(call, misdeed.nth, [](base::CaseCore&) { throw std::bad_alloc(); });
+    } else if (misdeed.kind == Misdeed::Kind::postsError) {
+      misbehaving.on(call, misdeed.nth,
+                     [](base::CaseCore& core) { core.messages.addError("disk gone"); });
+    } else if (misdeed.kind == Misdeed::Kind::postsWarning) {
+      misbehaving.on(call, misdeed.nth,
+                     [](base::CaseCore& core) { core.messages.addWarning("disk slow"); });
+    } else if (misdeed.kind == Misdeed::Kind::findsNothing) {
+      misbehaving.hideTables(call, misdeed.nth);
     }
   }
 }
@@ -44,6 +52,8 @@ WatchedSource::WatchedSource(const RandomSource& drawn, Transcript& calls, std::
       answerList(misdeed.call, misdeed.list);
     } else if (misdeed.kind == Misdeed::Kind::answersDelivered) {
       answerDelivered(misdeed.call, misdeed.delivered);
+    } else if (misdeed.kind == Misdeed::Kind::deliversAtMost) {
+      deliverAtMost(misdeed.call, misdeed.delivered);
     }
   }
 }

@@ -21,7 +21,17 @@ namespace velto::testing {
 
 /// One thing that a provider or a consumer does wrong.
 struct Misdeed {
-  enum class Kind { throwsError, throwsNumber, throwsNoMemory, answersList, answersDelivered };
+  enum class Kind {
+    throwsError,
+    throwsNumber,
+    throwsNoMemory,
+    postsError,
+    postsWarning,
+    findsNothing,  ///< The tables are empty while it is carried out.
+    answersList,
+    answersDelivered,
+    deliversAtMost,  ///< Of reads that do not tell how much they delivered.
+  };
 
   Kind kind = Kind::throwsError;
   /// By operation, or with arguments; nth from 1, 0 for each.

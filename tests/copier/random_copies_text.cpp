@@ -20,6 +20,14 @@ std::string textOf(const Misdeed& misdeed) {
       return text + " throws a number\n";
     case Misdeed::Kind::throwsNoMemory:
       return text + " has no memory\n";
+    case Misdeed::Kind::postsError:
+      return text + " posts an error\n";
+    case Misdeed::Kind::postsWarning:
+      return text + " posts a warning\n";
+    case Misdeed::Kind::findsNothing:
+      return text + " finds nothing\n";
+    case Misdeed::Kind::deliversAtMost:
+      return text + " delivers " + std::to_string(misdeed.delivered) + "\n";
     case Misdeed::Kind::answersList:
       return text + " answers " + base::argumentText(misdeed.list) + "\n";
     default:

@@ -112,7 +112,9 @@ Whole readWhole(const Handle& file, const std::string& path) {
   whole.extent.resize(static_cast<std::size_t>(H5Sget_simple_extent_ndims(space.id())));
   H5Sget_simple_extent_dims(space.id(), whole.extent.data(), nullptr);
   whole.rows = static_cast<std::size_t>(H5Sget_simple_extent_npoints(space.id()));
-  if (whole.rows > kMostRows || H5Tis_variable_str(whole.type.id()) > 0) {
+  const Handle creation(H5Dget_create_plist(dataset.id()), H5Pclose);
+  const bool isElsewhere = H5Pget_external_count(creation.id()) > 0;
+  if (whole.rows > kMostRows || H5Tis_variable_str(whole.type.id()) > 0 || isElsewhere) {
     throw std::length_error(path + " is damaged too much for more");
   }
   whole.bytes.resize(whole.rows * whole.rowSize);
