@@ -196,8 +196,8 @@ class Interrupted(Writers):
                     if status == 2:
                         self.assertEqual(err, f"orv: {name}: interrupted; nothing was written\n")
                         self.assertTrue(self.contents(name) == old)
-                    else:
-                        self.assertEqual(status, 0)
+                    else:  # the signal came behind the writing, or behind all that it can stop
+                        self.assertIn(status, (0, -number))
                         self.expect_whole(name, whole)
             self.remove(name)
         self.expect_untouched_sources()
