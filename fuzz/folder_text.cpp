@@ -79,7 +79,7 @@ std::string readFolder(const std::string& folder) {
   }
   std::string input;
   for (const auto& [path, content] : files) {
-    input += std::string(kMark) + path + "\n" + content + "\n";
+    input.append(kMark).append(path).append("\n").append(content).append("\n");
   }
   return input;
 }

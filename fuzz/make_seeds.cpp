@@ -107,6 +107,14 @@ void writeRandomSeeds(const fs::path& folder) {
   }
 }
 
+void writeSeeds(const fs::path& folder) {
+  writeOpenFoamSeeds(folder / "openfoam");
+  writeSettingsSeeds(folder / "settings");
+  for (const char* const target : {"store", "checker", "builder", "resolver", "copier"}) {
+    writeRandomSeeds(folder / target);
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -114,11 +122,11 @@ int main(int argc, char** argv) {
     std::cerr << "usage: make-seeds FOLDER\n";
     return 2;
   }
-  const fs::path folder = argv[1];
-  writeOpenFoamSeeds(folder / "openfoam");
-  writeSettingsSeeds(folder / "settings");
-  for (const char* const target : {"store", "checker", "builder", "resolver", "copier"}) {
-    writeRandomSeeds(folder / target);
+  try {
+    writeSeeds(argv[1]);
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << "make-seeds: " << error.what() << "\n";
+    return 1;
   }
-  return 0;
 }

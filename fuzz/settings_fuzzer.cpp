@@ -34,7 +34,7 @@ constexpr char kModel[] = R"(
 
 /// A line each: "key = value", or a key alone. The first line may be a solver type: "@ VELTO_FLOW".
 cases::CasePtr caseWith(std::string_view text) {
-  const cases::CasePtr made = regionCase("", kModel);
+  cases::CasePtr made = regionCase("", kModel);
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     const std::string line(text.substr(0, end));
