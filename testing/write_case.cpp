@@ -72,11 +72,16 @@ void writeZones(const MeshTables& mesh, OrvFileConsumer& consumer) {
 
 // --- Arrays -------------------------------------------------------------------------------------
 
+using Ids = std::vector<std::uint64_t>;
+
+/// In 64 bits, as the contract has them.
+Ids idsOf(const memory::Slice<std::uint64_t>& ids) { return {ids.begin(), ids.end()}; }
+
 void writeNodes(const MeshData& data, OrvFileConsumer& consumer) {
   const std::vector<int>& zones = data.nodeCoordinates.zones();
   consumer.beginNodes(zones);
   for (const int zone : data.elementIds.zones()) {
-    const auto& ids = *data.elementIds.find(zone);
+    const Ids ids = idsOf(*data.elementIds.find(zone));
     consumer.writeElemIds(zone, ids.data(), ids.size());
   }
   consumer.beginNodeCoordinates(zones);
@@ -117,7 +122,7 @@ void writeCellNodes(const ZoneList<CountedData>& list, OrvFileConsumer& consumer
   consumer.endCellNodeCounts();
   consumer.beginCellNodeIds();
   for (const int zone : list.zones()) {
-    const auto& ids = list.find(zone)->ids;
+    const Ids ids = idsOf(list.find(zone)->ids);
     consumer.writeCellNodeIds(zone, ids.data(), ids.size());
   }
   consumer.endCellNodeIds();
@@ -154,7 +159,7 @@ void writeFaceNodes(const ZoneList<CountedData>& list, OrvFileConsumer& consumer
   consumer.endFaceNodeCounts();
   consumer.beginFaceNodeIds();
   for (const int zone : list.zones()) {
-    const auto& ids = list.find(zone)->ids;
+    const Ids ids = idsOf(list.find(zone)->ids);
     consumer.writeFaceNodeIds(zone, ids.data(), ids.size());
   }
   consumer.endFaceNodeIds();
@@ -166,13 +171,13 @@ void writeFaces(const MeshTables& mesh, const MeshData& data, OrvFileConsumer& c
   writeFaceNodes(data.faceNodes, consumer);
   consumer.beginFaceCell0(data.faceCell0.zones());
   for (const int zone : data.faceCell0.zones()) {
-    const auto& cells = *data.faceCell0.find(zone);
+    const Ids cells = idsOf(*data.faceCell0.find(zone));
     consumer.writeFaceCell0(zone, cells.data(), cells.size());
   }
   consumer.endFaceCell0();
   consumer.beginFaceCell1(data.faceCell1.zones());
   for (const int zone : data.faceCell1.zones()) {
-    const auto& cells = *data.faceCell1.find(zone);
+    const Ids cells = idsOf(*data.faceCell1.find(zone));
     consumer.writeFaceCell1(zone, cells.data(), cells.size());
   }
   consumer.endFaceCell1();

@@ -200,6 +200,7 @@ void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
       const IdView view = source->viewIds(family, zone);
       if (view.size > 0) {
         values.data = view.data;
+        values.narrow = view.narrow;
         values.size = view.size;
         return;
       }

@@ -20,6 +20,7 @@ namespace velto::base {
 template <class Value>
 struct ZoneValues {
   const Value* data = nullptr;
+  const std::uint32_t* narrow = nullptr;  ///< In place of `data` where they stand in 32 bits.
   std::size_t size = 0;
   std::vector<Value> buffer;
   std::optional<Value> uniform;
@@ -65,7 +66,7 @@ class ElementReader {
   Value get(std::uint64_t id) {
     const std::uint64_t position = id - first_;
     if (position < size_) {
-      return values_.data[position];
+      return at(position);
     }
     return getFromAnotherZone(id);
   }
@@ -95,6 +96,7 @@ class ElementReader {
   Value loadAndGet(const ZoneRange& range, std::uint64_t id) {
     forgetZone();
     values_.data = nullptr;
+    values_.narrow = nullptr;
     values_.size = 0;
     values_.uniform.reset();
     load_(range.zone, values_);
@@ -106,7 +108,12 @@ class ElementReader {
     const std::uint64_t behindFirst = range.last - range.first;
     size_ = behindFirst < values_.size ? static_cast<std::size_t>(behindFirst) + 1 : values_.size;
     const std::uint64_t position = id - first_;
-    return position < size_ ? values_.data[position] : Value{};
+    return position < size_ ? at(position) : Value{};
+  }
+
+  Value at(std::uint64_t position) const {
+    return values_.narrow != nullptr ? static_cast<Value>(values_.narrow[position])
+                                     : values_.data[position];
   }
 
   std::vector<ZoneRange> ranges_;     // by first id

@@ -16,10 +16,11 @@
 
 namespace velto::base {
 
-/// A run of ids that somebody else owns.
+/// A run of ids that somebody else owns, in 64 bits each or in 32: one of the pointers is null.
 struct IdView {
   const std::uint64_t* data = nullptr;
   std::size_t size = 0;
+  const std::uint32_t* narrow = nullptr;
 };
 
 /// Names the values of one variable: a phase, a kind of zone, a name.

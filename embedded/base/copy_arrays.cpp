@@ -137,7 +137,7 @@ class MeshCopy {
 
   void copyIds(Family family, int zone) {
     const IdView view = from_.viewIds(family, zone);
-    if (view.size > 0) {
+    if (view.data != nullptr && view.size > 0) {
       to_.writeIds(family, zone, view.data, view.size);
       return;
     }

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Zone relations from cell ids. Neighbouring faces mostly lie in one cell zone, so the range of the
-// last hit is tried first and the sorted ranges are searched only on a miss.
+// last hit is tried first, on a block of them, and the sorted ranges are searched only on a miss.
 
 #include "embedded/base/zone_relations.h"
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -40,22 +41,61 @@ const CellZoneRanges::Range* CellZoneRanges::find(std::uint64_t cell) const {
   return &*std::prev(after);
 }
 
-void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
-                 const std::uint64_t* cells, std::size_t n) {
+namespace {
+
+constexpr std::size_t kCellsAtOnce = 1024;
+
+/// Whether all cells lie in a range, in a loop without branches.
+template <class Id>
+bool liesWithin(const CellZoneRanges::Range& range, const Id* cells, std::size_t n) {
+  constexpr std::uint64_t kMost = std::numeric_limits<Id>::max();
+  if (range.first > range.last || range.first > kMost) {
+    return false;
+  }
+  const auto first = static_cast<Id>(range.first);
+  const auto length = static_cast<Id>(std::min(range.last, kMost) - range.first);
+  Id outside = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    outside |= static_cast<Id>(cells[i] - first) > length ? 1 : 0;
+  }
+  return outside == 0;
+}
+
+template <class Id>
+void relateCells(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const Id* cells, std::size_t n) {
   std::set<int> zones;
   CellZoneRanges::Range last{1, 0, 0};
-  for (std::size_t i = 0; i < n; ++i) {
-    if (cells[i] >= last.first && cells[i] <= last.last) {
+  for (std::size_t begin = 0; begin < n; begin += kCellsAtOnce) {
+    const std::size_t end = std::min(n, begin + kCellsAtOnce);
+    if (liesWithin(last, cells + begin, end - begin)) {
       continue;
     }
-    if (const CellZoneRanges::Range* found = ranges.find(cells[i])) {
-      last = *found;
-      zones.insert(last.zone);
+    for (std::size_t i = begin; i < end; ++i) {
+      if (cells[i] >= last.first && cells[i] <= last.last) {
+        continue;
+      }
+      if (const CellZoneRanges::Range* found = ranges.find(cells[i])) {
+        last = *found;
+        zones.insert(last.zone);
+      }
     }
   }
   mesh.zones[faceZone]
       .sideCellZones.at(static_cast<std::size_t>(side))
       .assign(zones.begin(), zones.end());
+}
+
+}  // namespace
+
+void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const std::uint64_t* cells, std::size_t n) {
+  relateCells(mesh, ranges, faceZone, side, cells, n);
+}
+
+void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const std::uint32_t* cells, std::size_t n) {
+  relateCells(mesh, ranges, faceZone, side, cells, n);
 }
 
 void deriveBoundingFaceZones(MeshTables& mesh) {

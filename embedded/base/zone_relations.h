@@ -37,6 +37,8 @@ class CellZoneRanges {
 /// of 0 and ids that no cell zone holds are passed over.
 void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
                  const std::uint64_t* cells, std::size_t n);
+void relateZones(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
+                 const std::uint32_t* cells, std::size_t n);
 
 /// Turns that relation round: lists for each cell zone the face zones that have it on a side, in
 /// the order of the face zones.

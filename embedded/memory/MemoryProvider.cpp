@@ -71,7 +71,7 @@ class MemoryArrays : public base::MeshArrays {
 
   IdView viewIds(Family family, int zone) override {
     const Slice<std::uint64_t>* found = idsOf(family, zone);
-    return found == nullptr ? IdView{} : IdView{found->data(), found->size()};
+    return found == nullptr ? IdView{} : IdView{found->data(), found->size(), found->narrow()};
   }
 
   std::size_t valueCount(Family family, int zone) override {

@@ -7,9 +7,12 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
+
+#include "embedded/memory/IdList.h"
 
 namespace velto::memory {
 
@@ -52,6 +55,62 @@ class Slice {
  private:
   std::shared_ptr<const std::vector<Value>> owner_;
   const Value* data_ = nullptr;
+  std::size_t size_ = 0;
+};
+
+/// Ids of one zone. They stand in 32 or in 64 bits each, as their owner holds them.
+template <>
+class Slice<std::uint64_t> {
+ public:
+  Slice() = default;
+
+  /// Takes over a vector.
+  explicit Slice(std::vector<std::uint64_t> ids) : Slice(IdList(std::move(ids))) {}
+
+  /// Takes over a list.
+  explicit Slice(IdList ids) : Slice(std::make_shared<const IdList>(std::move(ids))) {}
+
+  /// All of a shared list.
+  explicit Slice(const std::shared_ptr<const IdList>& owner) : Slice(owner, 0, owner->size()) {}
+
+  /// The part of a shared list that begins at `first` and has `size` ids; where the list ends
+  /// earlier, so does the slice.
+  Slice(std::shared_ptr<const IdList> owner, std::size_t first, std::size_t size)
+      : owner_(std::move(owner)) {
+    const std::size_t begin = std::min(first, owner_->size());
+    size_ = std::min(size, owner_->size() - begin);
+    owner_->visit([&](const auto* ids, std::size_t) { pointTo(ids + begin); });
+  }
+
+  /// The ids where they stand in 64 bits, else null.
+  const std::uint64_t* data() const { return wide_; }
+  /// The ids where they stand in 32 bits, else null.
+  const std::uint32_t* narrow() const { return narrow_; }
+  std::size_t size() const { return size_; }
+  std::uint64_t operator[](std::size_t place) const {
+    return narrow_ != nullptr ? narrow_[place] : wide_[place];
+  }
+  IdIterator<Slice> begin() const { return {*this, 0}; }
+  IdIterator<Slice> end() const { return {*this, size_}; }
+
+  /// Copies at most `n` ids; returns how many.
+  std::size_t copyTo(std::uint64_t* ids, std::size_t n) const {
+    const std::size_t copied = std::min(n, size_);
+    if (narrow_ != nullptr) {
+      std::copy_n(narrow_, copied, ids);
+    } else {
+      std::copy_n(wide_, copied, ids);
+    }
+    return copied;
+  }
+
+ private:
+  void pointTo(const std::uint64_t* ids) { wide_ = ids; }
+  void pointTo(const std::uint32_t* ids) { narrow_ = ids; }
+
+  std::shared_ptr<const IdList> owner_;
+  const std::uint64_t* wide_ = nullptr;
+  const std::uint32_t* narrow_ = nullptr;
   std::size_t size_ = 0;
 };
 

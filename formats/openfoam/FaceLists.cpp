@@ -11,10 +11,10 @@ namespace velto::openfoam {
 
 using memory::Slice;
 
-FaceLists::FaceLists(std::vector<short> counts, std::vector<std::uint64_t> ids,
+FaceLists::FaceLists(std::vector<short> counts, memory::IdList ids,
                      std::vector<std::uint64_t> places, bool allPlaces)
     : counts_(std::make_shared<const std::vector<short>>(std::move(counts))),
-      ids_(std::make_shared<const std::vector<std::uint64_t>>(std::move(ids))) {
+      ids_(std::make_shared<const memory::IdList>(std::move(ids))) {
   std::sort(places.begin(), places.end());
   std::uint64_t offset = 0;
   std::uint64_t face = 0;
@@ -71,14 +71,15 @@ FaceLists::Zone FaceLists::gather(const std::vector<std::uint64_t>& faces,
     counts.push_back(face < faceCount() ? (*counts_)[face] : short{0});
     total += static_cast<std::size_t>(counts.back());
   }
-  std::vector<std::uint64_t> ids;
+  memory::IdList ids;
   ids.reserve(total);
-  for (std::size_t i = 0; i < faces.size(); ++i) {
-    if (counts[i] > 0) {
-      const auto begin = ids_->begin() + static_cast<std::ptrdiff_t>(allOffsets_[faces[i]]);
-      ids.insert(ids.end(), begin, begin + counts[i]);
+  ids_->visit([&](const auto* held, std::size_t) {
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+      if (counts[i] > 0) {
+        ids.append(held + allOffsets_[faces[i]], static_cast<std::size_t>(counts[i]));
+      }
     }
-  }
+  });
   zone.nodes.ids = Slice<std::uint64_t>(std::move(ids));
   settleCounts(zone.nodes, Slice<short>(std::move(counts)));
   return zone;

@@ -25,8 +25,8 @@ class FaceLists {
 
   /// `places` are the face numbers at which ranges will begin and end, in any order. With
   /// `allPlaces` every face can be found, as gather() needs it, for 8 bytes a face.
-  FaceLists(std::vector<short> counts, std::vector<std::uint64_t> ids,
-            std::vector<std::uint64_t> places, bool allPlaces);
+  FaceLists(std::vector<short> counts, memory::IdList ids, std::vector<std::uint64_t> places,
+            bool allPlaces);
 
   /// The faces from `first` on. What lies past the last face is not there.
   Zone range(std::uint64_t first, std::uint64_t count) const;
@@ -39,7 +39,7 @@ class FaceLists {
   std::uint64_t faceCount() const { return counts_->size(); }
 
   std::shared_ptr<const std::vector<short>> counts_;
-  std::shared_ptr<const std::vector<std::uint64_t>> ids_;
+  std::shared_ptr<const memory::IdList> ids_;
   std::unordered_map<std::uint64_t, std::uint64_t> offsets_;  // of the places
   std::vector<std::uint64_t> allOffsets_;                     // of every face, if asked for
 };

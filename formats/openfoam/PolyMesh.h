@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+#include "embedded/memory/IdList.h"
+
 namespace velto::openfoam {
 
 /// One entry of `boundary`: a contiguous range of faces with a name and a type.
@@ -62,11 +64,11 @@ struct PolyMesh {
 
   std::vector<double> points;                // x, y, z of each node; may hold NaN and infinities
   std::vector<std::int16_t> faceNodeCounts;  // one per face, 0 to 32767
-  std::vector<std::uint64_t> faceNodeIds;    // all faces' node ids, one face after the other
-  std::vector<std::uint64_t> owner;          // one cell id per face
+  memory::IdList faceNodeIds;                // all faces' node ids, one face after the other
+  memory::IdList owner;                      // one cell id per face
   /// One cell id per internal face; in very old files one per face, with 0 for none. Never longer
   /// than the faces.
-  std::vector<std::uint64_t> neighbour;
+  memory::IdList neighbour;
 
   std::vector<Patch> patches;
   std::vector<ElementZone> cellZones;

@@ -6,6 +6,7 @@
 #include "formats/openfoam/binary_blocks.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <string>
@@ -16,6 +17,7 @@ namespace velto::openfoam {
 
 namespace {
 
+constexpr std::size_t kLabelsAtOnce = 1024;
 constexpr std::size_t kTextBehindBlock = 16;  // characters that must look like text
 
 std::size_t vectorSize(std::uint64_t count) { return static_cast<std::size_t>(count); }
@@ -53,9 +55,34 @@ void append(const char* bytes, std::size_t n, std::vector<Value>& to, Convert co
   }
 }
 
-template <class Value>
+/// Appends `n` labels of type Label as ids. Those of type Id hold all but labels below -1.
+template <class Label, class Id>
+void appendLabels(const char* bytes, std::size_t n, memory::IdList& ids) {
+  std::array<Id, kLabelsAtOnce> made;
+  for (std::size_t done = 0; done < n;) {
+    const std::size_t part = std::min(n - done, kLabelsAtOnce);
+    Label wild = 0;  // negative if one of the labels is below -1, as it and its id are then
+    for (std::size_t i = 0; i < part; ++i) {
+      Label label;
+      std::memcpy(&label, bytes + (done + i) * sizeof(Label), sizeof(Label));
+      made[i] = static_cast<Id>(label) + 1;
+      wild |= label & static_cast<Label>(made[i]);
+    }
+    if (wild >= 0 || sizeof(Id) == sizeof(std::uint64_t)) {
+      ids.append(made.data(), part);
+    } else {
+      for (std::size_t i = 0; i < part; ++i) {
+        const auto label = static_cast<Label>(made[i] - 1);  // again with its sign
+        ids.push_back(static_cast<std::uint64_t>(std::int64_t{label}) + 1);
+      }
+    }
+    done += part;
+  }
+}
+
+template <class Values>
 void reserveBlock(Scanner& scanner, const ListHead& head, std::size_t entryBytes,
-                  std::size_t valuesPerEntry, std::vector<Value>& to) {
+                  std::size_t valuesPerEntry, Values& to) {
   const std::uint64_t likely = scanner.bytes().likelyBytesLeft() / entryBytes;
   to.reserve(to.size() + vectorSize(std::min(*head.count, likely)) * valuesPerEntry);
 }
@@ -115,21 +142,18 @@ int findBits(Scanner& scanner, const EntryNames& names, const ListHead& head,
 }  // namespace
 
 void readLabelBlock(Scanner& scanner, FileForm& form, const EntryNames& names, const ListHead& head,
-                    std::vector<std::uint64_t>& ids) {
+                    memory::IdList& ids) {
   scanner.bytes().stopCountingLines();
   if (form.labelBits == 0) {
     form.labelBits = findBits(scanner, names, head, sizeof(std::int32_t));
   }
-  const auto toId = [](auto label) {
-    return static_cast<std::uint64_t>(static_cast<std::int64_t>(label)) + 1;
-  };
   const auto width = static_cast<std::size_t>(form.labelBits) / 8;
   reserveBlock(scanner, head, width, 1, ids);
   forEachPiece(scanner, names, head, width, [&](const char* bytes, std::size_t n) {
     if (form.labelBits == 32) {
-      append<std::int32_t>(bytes, n, ids, toId);
+      appendLabels<std::int32_t, std::uint32_t>(bytes, n, ids);
     } else {
-      append<std::int64_t>(bytes, n, ids, toId);
+      appendLabels<std::int64_t, std::uint64_t>(bytes, n, ids);
     }
   });
   closeBlock(scanner, names, head, form.labelBits);

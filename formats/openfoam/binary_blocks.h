@@ -21,7 +21,7 @@ namespace velto::openfoam {
 /// Appends labels of form.labelBits to `ids`, as label + 1. Finds that width if it is 0, by where
 /// the closing parenthesis lies, and keeps it in `form`.
 void readLabelBlock(Scanner& scanner, FileForm& form, const EntryNames& names, const ListHead& head,
-                    std::vector<std::uint64_t>& ids);
+                    memory::IdList& ids);
 
 /// Appends points of form.scalarBits to `coordinates`; finds that width as readLabelBlock() does.
 void readPointBlock(Scanner& scanner, FileForm& form, const EntryNames& names, const ListHead& head,

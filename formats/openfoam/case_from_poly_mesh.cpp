@@ -218,12 +218,9 @@ class Assembler {
 
   void renumberCells(const ZoneLayout& layout) {
     const std::vector<std::uint64_t> ids = newIds(layout, survey_.cellCount());
-    for (std::vector<std::uint64_t>* side : {&mesh_.owner, &mesh_.neighbour}) {
-      for (std::uint64_t& cell : *side) {
-        if (cell - 1 < ids.size()) {
-          cell = ids[cell - 1];
-        }
-      }
+    for (memory::IdList* side : {&mesh_.owner, &mesh_.neighbour}) {
+      side->transform(
+          [&](std::uint64_t cell) { return cell - 1 < ids.size() ? ids[cell - 1] : cell; });
     }
   }
 
@@ -267,14 +264,13 @@ class Assembler {
   }
 
   void addFaceCells() {
-    const auto owner = std::make_shared<const std::vector<std::uint64_t>>(std::move(mesh_.owner));
-    const auto neighbour =
-        std::make_shared<const std::vector<std::uint64_t>>(std::move(mesh_.neighbour));
+    const auto owner = std::make_shared<const memory::IdList>(std::move(mesh_.owner));
+    const auto neighbour = std::make_shared<const memory::IdList>(std::move(mesh_.neighbour));
     const auto cellsOf = [](const auto& side, const FaceZone& zone) {
       if (!zone.gathered) {
         return Slice<std::uint64_t>(side, zone.first, zone.count);
       }
-      std::vector<std::uint64_t> cells;
+      memory::IdList cells;
       cells.reserve(zone.gathered->size());
       for (const std::uint64_t face : *zone.gathered) {
         cells.push_back(face < side->size() ? (*side)[face] : 0);
@@ -322,13 +318,21 @@ class Assembler {
   void relate() {
     const base::CellZoneRanges cellZones(tables_);
     for (const int zone : faceZoneIds_) {
-      const Slice<std::uint64_t>& side0 = arrays_.faceCell0[zone];
-      base::relateZones(tables_, cellZones, zone, 0, side0.data(), side0.size());
+      relateSide(cellZones, zone, 0, arrays_.faceCell0[zone]);
       if (const Slice<std::uint64_t>* const side1 = arrays_.faceCell1.find(zone)) {
-        base::relateZones(tables_, cellZones, zone, 1, side1->data(), side1->size());
+        relateSide(cellZones, zone, 1, *side1);
       }
     }
     base::deriveBoundingFaceZones(tables_);
+  }
+
+  void relateSide(const base::CellZoneRanges& cellZones, int zone, int side,
+                  const Slice<std::uint64_t>& cells) {
+    if (cells.narrow() != nullptr) {
+      base::relateZones(tables_, cellZones, zone, side, cells.narrow(), cells.size());
+    } else {
+      base::relateZones(tables_, cellZones, zone, side, cells.data(), cells.size());
+    }
   }
 
   memory::Case& case_;

@@ -161,7 +161,7 @@ class Cutter {
     return {side0, other == nullptr ? side0 : zoneBeside(mesh_.owner, other->firstFace + i)};
   }
 
-  int zoneBeside(const std::vector<std::uint64_t>& side, std::uint64_t face) const {
+  int zoneBeside(const memory::IdList& side, std::uint64_t face) const {
     const auto* const found = face < side.size() ? ranges_.find(side[face]) : nullptr;
     return found == nullptr ? 0 : found->zone;
   }

@@ -8,11 +8,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <map>
 #include <optional>
 #include <tuple>
+#include <type_traits>
 
 #include "formats/openfoam/Culprits.h"
+#include "formats/openfoam/zone_layout.h"
 
 namespace velto::openfoam {
 
@@ -21,6 +24,20 @@ namespace {
 using Texts = std::vector<std::string>;
 
 std::string text(std::uint64_t number) { return std::to_string(number); }
+
+/// Whether one of the first `count` ids is none of 1 to `most`, in a loop without branches.
+bool isAnyOutside(const memory::IdList& ids, std::size_t count, std::uint64_t most) {
+  return ids.visit([&](const auto* held, std::size_t) {
+    using Id = std::decay_t<decltype(*held)>;
+    const auto limit =
+        static_cast<Id>(std::min<std::uint64_t>(most, std::numeric_limits<Id>::max()));
+    Id outside = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      outside |= static_cast<Id>(held[i] - 1) >= limit ? 1 : 0;
+    }
+    return outside != 0;
+  });
+}
 
 void judgePoints(const PolyMesh& mesh, Texts& warnings) {
   Culprits bad(mesh.pointsFile, "points with a coordinate that is no finite number");
@@ -40,7 +57,11 @@ void judgePoints(const PolyMesh& mesh, Texts& warnings) {
 
 void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
   Culprits small(mesh.facesFile, "faces of fewer than 3 nodes");
-  for (std::size_t face = 0; face < mesh.faceNodeCounts.size(); ++face) {
+  std::int16_t fewest = 3;
+  for (const std::int16_t count : mesh.faceNodeCounts) {
+    fewest = std::min(fewest, count);
+  }
+  for (std::size_t face = 0; fewest < 3 && face < mesh.faceNodeCounts.size(); ++face) {
     if (mesh.faceNodeCounts[face] < 3) {
       small.add([&] {
         return "face " + text(face) + " has " + std::to_string(mesh.faceNodeCounts[face]) +
@@ -51,8 +72,7 @@ void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
   small.appendTo(warnings);
 
   const std::uint64_t nodes = mesh.points.size() / 3;
-  const auto isOutside = [nodes](std::uint64_t id) { return id - 1 >= nodes; };
-  if (std::none_of(mesh.faceNodeIds.begin(), mesh.faceNodeIds.end(), isOutside)) {
+  if (!isAnyOutside(mesh.faceNodeIds, mesh.faceNodeIds.size(), nodes)) {
     return;
   }
   Culprits outside(mesh.facesFile, "node labels out of range");
@@ -61,7 +81,7 @@ void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
     const auto count = static_cast<std::size_t>(mesh.faceNodeCounts[face]);
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint64_t id = mesh.faceNodeIds[next + i];
-      if (isOutside(id)) {
+      if (id - 1 >= nodes) {
         outside.add([&] {
           return "face " + text(face) + ", node " + text(i) + ": label " + labelText(id) +
                  " is out of range, allowed are " + rangeText(nodes);
@@ -73,8 +93,11 @@ void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
   outside.appendTo(warnings);
 }
 
-void judgeCellLabels(const std::string& file, const std::vector<std::uint64_t>& labels,
-                     std::size_t count, std::uint64_t cells, Texts& warnings) {
+void judgeCellLabels(const std::string& file, const memory::IdList& labels, std::size_t count,
+                     std::uint64_t cells, Texts& warnings) {
+  if (!isAnyOutside(labels, count, cells)) {
+    return;
+  }
   Culprits outside(file, "cell labels out of range");
   for (std::size_t face = 0; face < count; ++face) {
     if (labels[face] - 1 >= cells) {
@@ -87,9 +110,23 @@ void judgeCellLabels(const std::string& file, const std::vector<std::uint64_t>& 
   outside.appendTo(warnings);
 }
 
+/// Whether one of the internal faces has the same cell on both sides.
+bool isAnyBetweenOneCell(const PolyMesh& mesh, const CellSurvey& survey) {
+  return mesh.owner.visit([&](const auto* owner, std::size_t) {
+    return mesh.neighbour.visit([&](const auto* neighbour, std::size_t) {
+      std::size_t same = 0;
+      for (std::size_t face = 0; face < survey.internalFaces; ++face) {
+        same += owner[face] == neighbour[face] ? 1 : 0;
+      }
+      return same != 0;
+    });
+  });
+}
+
 void judgeCells(const PolyMesh& mesh, const CellSurvey& survey, Texts& warnings) {
   Culprits same(mesh.neighbourFile, "faces with one cell on both sides");
-  for (std::size_t face = 0; face < survey.internalFaces; ++face) {
+  const bool isLookedAt = isAnyBetweenOneCell(mesh, survey);
+  for (std::size_t face = 0; isLookedAt && face < survey.internalFaces; ++face) {
     if (mesh.owner[face] == mesh.neighbour[face]) {
       same.add([&] {
         return "face " + text(face) + ": label " + labelText(mesh.neighbour[face]) +
@@ -193,10 +230,26 @@ void judgePairs(const PolyMesh& mesh, Texts& warnings) {
   bad.appendTo(warnings);
 }
 
+/// Whether no label can be wrong: the zones are ranges of the mesh, each behind the one before it.
+bool areRangesInOrder(const std::vector<ElementZone>& zones, std::uint64_t count) {
+  std::uint64_t next = 0;
+  for (const ElementZone& zone : zones) {
+    if (zone.labels.empty()) {
+      continue;
+    }
+    const auto first = static_cast<std::uint64_t>(zone.labels.front());
+    if (first < next || first >= count || zone.labels.size() > count - first || !isRange(zone)) {
+      return false;
+    }
+    next = first + zone.labels.size();
+  }
+  return true;
+}
+
 /// Labels of zones of cells or faces: each in range and in one zone.
 void judgeZones(const std::string& file, const std::string& element,
                 const std::vector<ElementZone>& zones, std::uint64_t count, Texts& warnings) {
-  if (zones.empty()) {
+  if (areRangesInOrder(zones, count)) {
     return;
   }
   Culprits outside(file, element + " labels out of range");

@@ -6,6 +6,7 @@
 //   faceCompactList  N+1 ( start offsets, the first 0 )  M ( all node labels )
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
 
@@ -21,6 +22,7 @@ constexpr std::uint64_t kMostNodes = std::numeric_limits<std::int16_t>::max();
 constexpr std::uint64_t kMostEqualNodes = 16;  // of a face written as N{a}, which no mesher writes
 constexpr std::uint64_t kTextBytesOfFace = 3;  // 0()
 constexpr std::uint64_t kUsualNodes = 4;
+constexpr std::size_t kMostCommonNodes = 99;  // of a face that is read without the scanner
 constexpr EntryNames kFaces = {"face", "faces"};
 constexpr EntryNames kNodeLabels = {"node label", "node labels"};
 constexpr EntryNames kStarts = {"start offset", "start offsets"};
@@ -28,9 +30,7 @@ constexpr EntryNames kStarts = {"start offset", "start offsets"};
 // Appends the face at `p`, blanks before it skipped, if it has the common form N(a b c) and lies
 // within the window, which ends with a NUL. Returns where it ends; nullptr, and nothing appended,
 // for any other form.
-const char* commonFace(const char* p, std::vector<std::int16_t>& counts,
-                       std::vector<std::uint64_t>& ids) {
-  constexpr std::size_t kMostCommonNodes = 99;
+const char* commonFace(const char* p, std::vector<std::int16_t>& counts, memory::IdList& ids) {
   while (isBlank(*p)) {
     ++p;
   }
@@ -45,24 +45,23 @@ const char* commonFace(const char* p, std::vector<std::int16_t>& counts,
     return nullptr;
   }
   ++p;
-  const std::size_t old = ids.size();
-  ids.resize(old + count);
-  for (std::size_t i = old; i < old + count && p != nullptr; ++i) {
-    p = commonLabel(p, ids[i]);
+  std::array<std::uint64_t, kMostCommonNodes> loop;
+  for (std::size_t i = 0; i < count && p != nullptr; ++i) {
+    p = commonLabel(p, loop[i]);
   }
   while (p != nullptr && isBlank(*p)) {
     ++p;
   }
   if (p == nullptr || *p != ')') {
-    ids.resize(old);
     return nullptr;
   }
+  ids.append(loop.data(), count);
   counts.push_back(static_cast<std::int16_t>(count));
   return p + 1;
 }
 
 std::uint64_t takeCommonFaces(ByteSource& bytes, std::uint64_t most,
-                              std::vector<std::int16_t>& counts, std::vector<std::uint64_t>& ids) {
+                              std::vector<std::int16_t>& counts, memory::IdList& ids) {
   std::uint64_t done = 0;
   while (done < most) {
     const char* const end = commonFace(bytes.begin(), counts, ids);
@@ -77,7 +76,7 @@ std::uint64_t takeCommonFaces(ByteSource& bytes, std::uint64_t most,
 
 // Any face: a list of labels of its own.
 void readFace(Scanner& scanner, FileForm& form, const ListHead& faces, std::uint64_t index,
-              std::vector<std::int16_t>& counts, std::vector<std::uint64_t>& ids) {
+              std::vector<std::int16_t>& counts, memory::IdList& ids) {
   const int first = scanner.next();
   if (!isDigit(static_cast<char>(first)) && first != '-' && first != '(') {
     scanner.fail(entryName(kFaces, faces, index));
@@ -93,7 +92,7 @@ void readFace(Scanner& scanner, FileForm& form, const ListHead& faces, std::uint
 }
 
 void readFaceList(Scanner& scanner, FileForm& form, std::vector<std::int16_t>& counts,
-                  std::vector<std::uint64_t>& ids) {
+                  memory::IdList& ids) {
   const ListHead head = openList(scanner, false, kFaces);
   if (head.kind == ListHead::Kind::kEmpty) {
     return;
@@ -139,17 +138,15 @@ class StartOffsets {
       fail(0, "to be 0");
     }
     counts.resize(starts_.size() - 1);
-    for (std::size_t i = 1; i < starts_.size(); ++i) {
-      const std::uint64_t count = starts_[i] - starts_[i - 1];
-      if (static_cast<std::int64_t>(starts_[i] - 1) <
-          static_cast<std::int64_t>(starts_[i - 1] - 1)) {
-        fail(i, "to be at least " + text(i - 1));
+    starts_.visit([&](const auto* starts, std::size_t n) {
+      for (std::size_t i = 1; i < n; ++i) {
+        const std::uint64_t count = std::uint64_t{starts[i]} - starts[i - 1];
+        if (count > kMostNodes || isLower(i)) {
+          failBehind(i);
+        }
+        counts[i - 1] = static_cast<std::int16_t>(count);
       }
-      if (count > kMostNodes) {
-        fail(i, "to be at most 32767 more than " + text(i - 1));
-      }
-      counts[i - 1] = static_cast<std::int16_t>(count);
-    }
+    });
     if (starts_.back() - 1 != nodeLabels) {
       fail(starts_.size() - 1, "to be " + std::to_string(nodeLabels) +
                                    ", the number of node labels behind the start offsets");
@@ -159,6 +156,17 @@ class StartOffsets {
  private:
   std::string text(std::size_t index) const {
     return std::to_string(static_cast<std::int64_t>(starts_[index] - 1));
+  }
+
+  // Whether a start offset is lower than the one before it, as numbers with a sign.
+  bool isLower(std::size_t i) const {
+    return static_cast<std::int64_t>(starts_[i] - 1) <
+           static_cast<std::int64_t>(starts_[i - 1] - 1);
+  }
+
+  // What is wrong with a start offset that is too far from the one before it.
+  [[noreturn]] void failBehind(std::size_t i) {
+    fail(i, (isLower(i) ? "to be at least " : "to be at most 32767 more than ") + text(i - 1));
   }
 
   // In binary content the entry's own place, counted back from the parenthesis behind the block.
@@ -174,7 +182,7 @@ class StartOffsets {
 
   Scanner& scanner_;
   const FileForm& form_;
-  std::vector<std::uint64_t> starts_;
+  memory::IdList starts_;
   Place place_;
   Place behind_;
 };
@@ -182,7 +190,7 @@ class StartOffsets {
 }  // namespace
 
 void readFaces(Scanner& scanner, FileForm& form, std::vector<std::int16_t>& counts,
-               std::vector<std::uint64_t>& ids) {
+               memory::IdList& ids) {
   if (!form.compact) {
     readFaceList(scanner, form, counts, ids);
     return;

@@ -43,8 +43,7 @@ void closeUniform(Scanner& scanner, const ListHead& head, const EntryNames& name
 }
 
 // Takes labels in their common form, up to `most` of them. Returns how many.
-std::uint64_t takeCommonLabels(ByteSource& bytes, std::uint64_t most,
-                               std::vector<std::uint64_t>& ids) {
+std::uint64_t takeCommonLabels(ByteSource& bytes, std::uint64_t most, memory::IdList& ids) {
   std::array<std::uint64_t, kBlock> block;
   const char* p = bytes.begin();
   std::uint64_t done = 0;
@@ -59,7 +58,7 @@ std::uint64_t takeCommonLabels(ByteSource& bytes, std::uint64_t most,
       p = end;
       ++n;
     }
-    ids.insert(ids.end(), block.data(), block.data() + n);
+    ids.append(block.data(), n);
     done += n;
     common = n == wanted;
   }
@@ -68,7 +67,7 @@ std::uint64_t takeCommonLabels(ByteSource& bytes, std::uint64_t most,
 }
 
 void readTextLabels(Scanner& scanner, const EntryNames& names, const ListHead& head,
-                    std::vector<std::uint64_t>& ids) {
+                    memory::IdList& ids) {
   const std::uint64_t count = head.count.value_or(std::numeric_limits<std::uint64_t>::max());
   ids.reserve(ids.size() + static_cast<std::size_t>(likelyCount(scanner, head, kTextBytesOfLabel)));
   for (std::uint64_t done = 0; done < count;) {
@@ -237,7 +236,7 @@ std::string entryName(const EntryNames& names, const ListHead& head, std::uint64
 }
 
 ListHead::Kind readLabels(Scanner& scanner, FileForm& form, const EntryNames& names,
-                          std::uint64_t mostEqual, std::vector<std::uint64_t>& ids) {
+                          std::uint64_t mostEqual, memory::IdList& ids) {
   const ListHead head = openList(scanner, form.binary, names);
   if (head.kind == ListHead::Kind::kUniform) {
     const std::optional<std::int64_t> label = scanner.integer();
@@ -245,8 +244,7 @@ ListHead::Kind readLabels(Scanner& scanner, FileForm& form, const EntryNames& na
       scanner.fail(std::string("one value for all ") + names.many);
     }
     closeUniform(scanner, head, names, mostEqual);
-    ids.insert(ids.end(), static_cast<std::size_t>(*head.count),
-               static_cast<std::uint64_t>(*label) + 1);
+    ids.append(static_cast<std::size_t>(*head.count), static_cast<std::uint64_t>(*label) + 1);
   } else if (head.kind == ListHead::Kind::kEntries && form.binary) {
     readLabelBlock(scanner, form, names, head, ids);
   } else if (head.kind == ListHead::Kind::kEntries) {

@@ -49,7 +49,7 @@ std::string entryName(const EntryNames& names, const ListHead& head, std::uint64
 /// `mostEqual`: the longest list of equal labels that is believed. Returns the kind of list it was.
 /// Errors: ReadError if the list is broken, cut or has another number of entries than it says.
 ListHead::Kind readLabels(Scanner& scanner, FileForm& form, const EntryNames& names,
-                          std::uint64_t mostEqual, std::vector<std::uint64_t>& ids);
+                          std::uint64_t mostEqual, memory::IdList& ids);
 
 /// Appends a list of points to `coordinates`, 3 values each. A list of equal points may have up to
 /// 1,000,000 of them. Errors: as readLabels().
@@ -58,7 +58,7 @@ void readPoints(Scanner& scanner, FileForm& form, std::vector<double>& coordinat
 /// Appends a list of faces: to `counts` each one's number of nodes, to `ids` all node ids (label
 /// + 1). Errors: as readLabels(), and for a face of more than 32767 nodes.
 void readFaces(Scanner& scanner, FileForm& form, std::vector<std::int16_t>& counts,
-               std::vector<std::uint64_t>& ids);
+               memory::IdList& ids);
 
 /// Appends a list of truth values to `flags`, as 0 or 1. `mostEqual`: the longest list
 /// of equal ones that is believed. Returns the kind of list it was. Errors: as readLabels().

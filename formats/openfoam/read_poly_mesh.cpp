@@ -121,7 +121,7 @@ class FolderReader {
     }
   }
 
-  void readCells(const std::string& file, std::vector<std::uint64_t>& cells) {
+  void readCells(const std::string& file, memory::IdList& cells) {
     readFile(file, true, [&](Scanner& scanner, FileForm& form) {
       readLabels(scanner, form, kCellLabels, mesh_.faceNodeCounts.size(), cells);
       if (!mesh_.note) {

@@ -104,14 +104,16 @@ class ZoneReader {
   std::vector<std::int64_t> readLabelEntry(bool typed) {
     FileForm form = form_;
     form.binary = form_.binary && typed;
-    std::vector<std::uint64_t> ids;
+    memory::IdList ids;
     if (readLabels(scanner_, form, kLabels, equalEntries_, ids) == ListHead::Kind::kUniform) {
       equalEntries_ -= ids.size();
     }
     form_.labelBits = form.labelBits;
     std::vector<std::int64_t> labels(ids.size());
-    std::transform(ids.begin(), ids.end(), labels.begin(),
-                   [](std::uint64_t id) { return static_cast<std::int64_t>(id - 1); });
+    ids.visit([&](const auto* held, std::size_t n) {
+      std::transform(held, held + n, labels.begin(),
+                     [](std::uint64_t id) { return static_cast<std::int64_t>(id - 1); });
+    });
     return labels;
   }
 

@@ -4,6 +4,7 @@
 
 #include "formats/openfoam/zone_layout.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -11,17 +12,8 @@ namespace velto::openfoam {
 
 namespace {
 
-bool isRange(const ElementZone& zone) {
-  if (!zone.labels.empty() && zone.labels.front() < 0) {
-    return false;
-  }
-  for (std::size_t i = 1; i < zone.labels.size(); ++i) {
-    if (zone.labels[i] - 1 != zone.labels[i - 1]) {
-      return false;
-    }
-  }
-  return true;
-}
+/// Elements of no zone, as first and count.
+using Runs = std::vector<std::pair<std::uint64_t, std::uint64_t>>;
 
 std::vector<bool> claimedBy(const std::vector<ElementZone>& zones, std::uint64_t count) {
   std::vector<bool> claimed(count);
@@ -35,10 +27,8 @@ std::vector<bool> claimedBy(const std::vector<ElementZone>& zones, std::uint64_t
   return claimed;
 }
 
-/// The runs of elements of no zone, as first and count.
-std::vector<std::pair<std::uint64_t, std::uint64_t>> unclaimedRuns(
-    const std::vector<bool>& claimed) {
-  std::vector<std::pair<std::uint64_t, std::uint64_t>> runs;
+Runs unclaimedRuns(const std::vector<bool>& claimed) {
+  Runs runs;
   for (std::size_t i = 0; i < claimed.size(); ++i) {
     if (claimed[i]) {
       continue;
@@ -52,16 +42,48 @@ std::vector<std::pair<std::uint64_t, std::uint64_t>> unclaimedRuns(
   return runs;
 }
 
+/// The same for zones that are ranges, by their ends alone.
+Runs runsBetweenRanges(const std::vector<ElementZone>& zones, std::uint64_t count) {
+  Runs taken;
+  for (const ElementZone& zone : zones) {
+    if (!zone.labels.empty()) {
+      taken.emplace_back(static_cast<std::uint64_t>(zone.labels.front()), zone.labels.size());
+    }
+  }
+  taken.emplace_back(count, 0);
+  std::sort(taken.begin(), taken.end());
+  Runs runs;
+  std::uint64_t next = 0;
+  for (const auto& range : taken) {
+    const std::uint64_t first = std::min(range.first, count);
+    if (first > next) {
+      runs.emplace_back(next, first - next);
+    }
+    next = std::max(next, range.first + range.second);
+  }
+  return runs;
+}
+
 }  // namespace
+
+bool isRange(const ElementZone& zone) {
+  if (!zone.labels.empty() && zone.labels.front() < 0) {
+    return false;
+  }
+  for (std::size_t i = 1; i < zone.labels.size(); ++i) {
+    if (zone.labels[i] - 1 != zone.labels[i - 1]) {
+      return false;
+    }
+  }
+  return true;
+}
 
 ZoneLayout layOutZones(const std::vector<ElementZone>& zones, std::uint64_t count,
                        const std::string& restName, bool restFirst) {
-  const std::vector<bool> claimed = claimedBy(zones, count);
-  const auto rest = unclaimedRuns(claimed);
-  bool inPlace = rest.size() <= 1;
-  for (const ElementZone& zone : zones) {
-    inPlace = inPlace && isRange(zone);
-  }
+  const bool areRanges = std::all_of(zones.begin(), zones.end(), isRange);
+  const Runs rest =
+      areRanges ? runsBetweenRanges(zones, count) : unclaimedRuns(claimedBy(zones, count));
+  const bool inPlace = areRanges && rest.size() <= 1;
 
   ZoneLayout layout;
   const auto addRest = [&] {

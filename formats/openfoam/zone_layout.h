@@ -38,6 +38,9 @@ struct ZoneLayout {
   bool isRenumbered() const { return !order.empty(); }
 };
 
+/// Whether the labels of a zone are a range from 0 or more on, in order.
+bool isRange(const ElementZone& zone);
+
 /// Lays out `count` elements. `restName` names the zone of the elements of no zone; it comes first
 /// with `restFirst`, else last, and is left out if there are none.
 ZoneLayout layOutZones(const std::vector<ElementZone>& zones, std::uint64_t count,

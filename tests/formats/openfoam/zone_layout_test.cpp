@@ -81,5 +81,19 @@ TEST(NewIds, NamesAnElementByItsFirstSlot) {
   EXPECT_EQ(newIds(layout, 3), (std::vector<std::uint64_t>{2, 4, 1}));
 }
 
+TEST(ZoneLayout, TellsRangesFromOtherLists) {
+  EXPECT_TRUE(isRange(zone("none", {})));
+  EXPECT_TRUE(isRange(zone("one", {4})));
+  EXPECT_TRUE(isRange(zone("some", {4, 5, 6})));
+  EXPECT_FALSE(isRange(zone("gap", {4, 6})));
+  EXPECT_FALSE(isRange(zone("back", {5, 4})));
+  EXPECT_FALSE(isRange(zone("negative", {-1, 0})));
+}
+
+TEST(ZoneLayout, OfRangesPastTheElementsHasNoRestBehindThem) {
+  EXPECT_EQ(describe(layOutZones({zone("a", {3, 4, 5}), zone("b", {8, 9})}, 5, "rest", false)),
+            "a [3 +3] b [8 +2] rest [0 +3] in place");
+}
+
 }  // namespace
 }  // namespace velto::openfoam
