@@ -39,12 +39,18 @@ bool isAnyOutside(const memory::IdList& ids, std::size_t count, std::uint64_t mo
   });
 }
 
+/// A sum of finite coordinates is finite, or overflows for coordinates that are no lengths.
+bool isFinite(const double* point) { return std::isfinite(point[0] + point[1] + point[2]); }
+
 void judgePoints(const PolyMesh& mesh, Texts& warnings) {
-  Culprits bad(mesh.pointsFile, "points with a coordinate that is no finite number");
+  bool areFinite = true;
   for (std::size_t i = 0; i + 2 < mesh.points.size(); i += 3) {
+    areFinite &= isFinite(&mesh.points[i]);
+  }
+  Culprits bad(mesh.pointsFile, "points with a coordinate that is no finite number");
+  for (std::size_t i = 0; !areFinite && i + 2 < mesh.points.size(); i += 3) {
     const double* point = &mesh.points[i];
-    // A sum of finite coordinates is finite, or overflows for coordinates that are no lengths.
-    if (!std::isfinite(point[0] + point[1] + point[2])) {
+    if (!isFinite(point)) {
       bad.add([&] {
         return "point " + text(i / 3) + " is (" + std::to_string(point[0]) + " " +
                std::to_string(point[1]) + " " + std::to_string(point[2]) +
