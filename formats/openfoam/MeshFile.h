@@ -5,7 +5,9 @@
 #ifndef VELTO_FORMATS_OPENFOAM_MESH_FILE_H
 #define VELTO_FORMATS_OPENFOAM_MESH_FILE_H
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "formats/openfoam/OutputFile.h"
@@ -32,21 +34,44 @@ class MeshFile {
 
   template <class LabelAt>
   void labels(std::uint64_t count, const LabelAt& at) {
-    list(count, [&](std::uint64_t i) {
-      label(at(i));
-      advance(1);
-    });
+    if (beginList(count)) {
+      labelEntries(count, at);
+      out_.put(')');
+    }
   }
 
+  /// Some of the entries of a list of labels. `at` is called once for each, in their order.
+  template <class LabelAt>
+  void labelEntries(std::uint64_t count, const LabelAt& at) {
+    if (isText_) {
+      for (std::uint64_t i = 0; i < count; ++i) {
+        labelEntry(at(i));
+      }
+    } else if (settings_.labelBits == 64) {
+      labelBlocks<std::int64_t>(count, at);
+    } else {
+      labelBlocks<std::int32_t>(count, at);
+    }
+  }
+
+  void labelEntry(std::uint64_t value) {
+    label(value);
+    if (isText_) {
+      out_.put('\n');
+    }
+    advance(1);
+  }
+
+  /// Some of the entries of a list of flags.
   template <class FlagAt>
-  void flags(std::uint64_t count, const FlagAt& at) {
-    list(count, [&](std::uint64_t i) {
+  void flagEntries(std::uint64_t count, const FlagAt& at) {
+    for (std::uint64_t i = 0; i < count; ++i) {
       if (isText_) {
-        out_.put(at(i) ? '1' : '0');
+        out_.text(at(i) ? "1\n" : "0\n");
       } else {
         out_.put(at(i) ? '\1' : '\0');
       }
-    });
+    }
   }
 
   /// A list whose entries `write(i)` writes.
@@ -93,6 +118,23 @@ class MeshFile {
 
  private:
   static constexpr std::uint64_t kValuesBetween = 1U << 18U;
+  static constexpr std::uint64_t kBlock = 4096;
+
+  /// Labels that are made block by block, in a loop without branches.
+  template <class Label, class LabelAt>
+  void labelBlocks(std::uint64_t count, const LabelAt& at) {
+    static_assert(kBlock * sizeof(Label) <= OutputFile::kLargestRoom);
+    for (std::uint64_t begin = 0; begin < count; begin += kBlock) {
+      const std::uint64_t n = std::min(kBlock, count - begin);
+      char* const to = out_.reserve(static_cast<std::size_t>(n) * sizeof(Label));
+      for (std::uint64_t i = 0; i < n; ++i) {
+        const auto value = static_cast<Label>(at(begin + i));
+        std::memcpy(to + i * sizeof(Label), &value, sizeof(Label));
+      }
+      out_.filled(static_cast<std::size_t>(n) * sizeof(Label));
+      advance(n);
+    }
+  }
 
   void tell();
 

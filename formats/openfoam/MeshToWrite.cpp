@@ -5,6 +5,8 @@
 #include "formats/openfoam/MeshToWrite.h"
 
 #include <algorithm>
+#include <cstring>
+#include <numeric>
 #include <utility>
 
 #include "embedded/base/CaseError.h"
@@ -16,9 +18,36 @@ using base::CaseError;
 
 namespace {
 
+/// Whether cells on side 0 are below those on side 1, and faces ascend by both. Told block by block
+/// by a loop without branches.
+template <class Id0, class Id1>
+bool isUpperTriangular(const Id0* cell0, const Id1* cell1, std::size_t n) {
+  constexpr std::size_t kBlock = 4096;
+  bool isWrong = n > 0 && cell0[0] >= cell1[0];
+  for (std::size_t begin = 1; begin < n && !isWrong; begin += kBlock) {
+    const std::size_t end = std::min(n, begin + kBlock);
+    unsigned wrong = 0;
+    for (std::size_t i = begin; i < end; ++i) {
+      const bool isTurned = cell0[i] >= cell1[i];
+      const bool isBelow = cell0[i] < cell0[i - 1];
+      const bool isBelowInRow = (cell0[i] == cell0[i - 1]) & (cell1[i] < cell1[i - 1]);
+      wrong |= static_cast<unsigned>(isTurned | isBelow | isBelowInRow);
+    }
+    isWrong = wrong != 0;
+  }
+  return !isWrong;
+}
+
+bool isUpperTriangular(const KeptIds& side0, const KeptIds& side1) {
+  return side0.with([&](const auto* cell0) {
+    return side1.with(
+        [&](const auto* cell1) { return isUpperTriangular(cell0, cell1, side0.size()); });
+  });
+}
+
 class Judge {
  public:
-  Judge(std::string mesh, const base::MeshTables& tables, const memory::MeshData& arrays)
+  Judge(std::string mesh, const base::MeshTables& tables, const KeptArrays& arrays)
       : mesh_(std::move(mesh)), tables_(tables), arrays_(arrays) {}
 
   MeshToWrite run() {
@@ -132,7 +161,7 @@ class Judge {
   }
 
   void takeFaceNodes(FaceZoneToWrite& zone) {
-    const memory::CountedData* const data = arrays_.faceNodes.find(zone.id);
+    const KeptFaceNodes* const data = arrays_.faceNodes.find(zone.id);
     if (data == nullptr || data->ids.size() == 0) {
       fail(zone, "the nodes of its faces are missing");
     }
@@ -140,7 +169,7 @@ class Judge {
       fail(zone, "has " + std::to_string(zone.count) + " faces, and numbers of nodes for " +
                      std::to_string(found));
     };
-    zone.nodes = data->ids.data();
+    zone.nodes = &data->ids;
     const std::uint64_t held = data->ids.size();
     std::uint64_t wanted = 0;
     if (data->uniform) {
@@ -156,22 +185,25 @@ class Judge {
       if (data->counts.size() != zone.count) {
         failCount(data->counts.size());
       }
-      zone.starts.reserve(data->counts.size() + 1);
-      zone.starts.push_back(0);
-      for (const short count : data->counts) {
-        if (count < 3) {
-          failFace(zone, zone.starts.size() - 1,
-                   "has " + std::to_string(count) + " nodes, expected 3 or more");
-        }
-        wanted += static_cast<std::uint64_t>(count);
-        zone.starts.push_back(wanted);
-      }
+      zone.counts = data->counts.data();
+      wanted = sumOfCounts(zone);
     }
     if (wanted != held) {
       fail(zone, "has " + std::to_string(held) + " node ids, and " + std::to_string(wanted) +
                      " by the numbers of nodes of its faces");
     }
     result_.faceNodeCount += held;
+  }
+
+  static std::uint64_t sumOfCounts(const FaceZoneToWrite& zone) {
+    const short* const end = zone.counts + zone.count;
+    const short* const wrong =
+        std::find_if(zone.counts, end, [](short count) { return count < 3; });
+    if (wrong != end) {
+      failFace(zone, static_cast<std::uint64_t>(wrong - zone.counts),
+               "has " + std::to_string(*wrong) + " nodes, expected 3 or more");
+    }
+    return std::accumulate(zone.counts, end, std::uint64_t{0});
   }
 
   void takeSides(FaceZoneToWrite& zone) {
@@ -183,9 +215,8 @@ class Judge {
     sideCount_ += zone.count * (zone.side1 == nullptr ? 1U : 2U);
   }
 
-  static const std::uint64_t* sideOf(const FaceZoneToWrite& zone,
-                                     const memory::ZoneList<memory::Slice<std::uint64_t>>& sides,
-                                     const std::string& side) {
+  static const KeptIds* sideOf(const FaceZoneToWrite& zone, const memory::ZoneList<KeptIds>& sides,
+                               const std::string& side) {
     const auto* const cells = sides.find(zone.id);
     if (cells == nullptr || cells->size() == 0) {
       return nullptr;
@@ -194,7 +225,7 @@ class Judge {
       fail(zone, "has " + std::to_string(zone.count) + " faces and " +
                      std::to_string(cells->size()) + " cells on " + side);
     }
-    return cells->data();
+    return cells;
   }
 
   /// By its type; a type of other programs says nothing, the first face tells.
@@ -219,39 +250,78 @@ class Judge {
   }
 
   void judgeNodes(const FaceZoneToWrite& zone) const {
-    const std::uint64_t held = zone.count == 0 ? 0 : zone.startOf(zone.count);
-    for (std::uint64_t k = 0; k < held; ++k) {
-      if (zone.nodes[k] - 1 >= result_.nodeCount) {
-        std::uint64_t face = zone.uniform != 0 ? k / zone.uniform : 0;
-        while (zone.startOf(face + 1) <= k) {
-          ++face;
-        }
-        failFace(zone, face,
-                 "has node " + std::to_string(zone.nodes[k]) + ", the mesh has " +
-                     std::to_string(result_.nodeCount) + " nodes");
-      }
+    if (zone.count == 0 ||
+        (zone.nodes->least() >= 1 && zone.nodes->greatest() <= result_.nodeCount)) {
+      return;
     }
+    std::uint64_t k = 0;
+    while ((*zone.nodes)[k] - 1 < result_.nodeCount) {
+      ++k;
+    }
+    std::uint64_t face = 0;
+    for (std::uint64_t end = zone.nodeCount(0); end <= k; end += zone.nodeCount(face)) {
+      ++face;
+    }
+    failFace(zone, face,
+             "has node " + std::to_string((*zone.nodes)[k]) + ", the mesh has " +
+                 std::to_string(result_.nodeCount) + " nodes");
   }
 
-  void judgeCells() const {
+  void judgeCells() {
     if (result_.cellCount > sideCount_) {
       throw CaseError(mesh_ + ": has " + std::to_string(result_.cellCount) + " cells and only " +
                       std::to_string(result_.faceCount) + " faces");
     }
-    std::vector<bool> isBounded(static_cast<std::size_t>(result_.cellCount));
-    for (const FaceZoneToWrite& zone : result_.faceZones) {
-      for (std::uint64_t i = 0; i < zone.count; ++i) {
-        judgeSides(zone, i);
-        for (const std::uint64_t cell : {zone.cell0(i), zone.cell1(i)}) {
-          if (cell != 0) {
-            isBounded[static_cast<std::size_t>(cell - 1)] = true;
-          }
-        }
+    for (FaceZoneToWrite& zone : result_.faceZones) {
+      zone.isInOrder = zone.count == 0 || judgeZone(zone);
+    }
+    findBareCells();
+  }
+
+  /// Whether the faces are in order too. The ranges of the ids mostly tell that all cells are
+  /// right, else each face is judged.
+  bool judgeZone(const FaceZoneToWrite& zone) const {
+    const KeptIds none;
+    const KeptIds& side0 = *zone.side0;
+    const KeptIds& side1 = zone.side1 == nullptr ? none : *zone.side1;
+    const bool isInRange = std::max(side0.greatest(), side1.greatest()) <= result_.cellCount;
+    if (isInRange && !zone.isInternal && side0.least() >= 1 && side1.greatest() == 0) {
+      return true;
+    }
+    if (isInRange && zone.isInternal && side0.least() >= 1 && side1.size() > 0 &&
+        side1.least() >= 1 && isUpperTriangular(side0, side1)) {
+      return true;
+    }
+    for (std::uint64_t i = 0; i < zone.count; ++i) {
+      judgeSides(zone, i);
+    }
+    return false;
+  }
+
+  /// Cells count from 1: the first mark is that of no cell.
+  void findBareCells() const {
+    std::vector<char> isBounded(static_cast<std::size_t>(result_.cellCount) + 1, 0);
+    const auto bare = [&isBounded] {
+      return static_cast<const char*>(std::memchr(&isBounded[1], 0, isBounded.size() - 1));
+    };
+    for (const auto side : {&FaceZoneToWrite::side0, &FaceZoneToWrite::side1}) {
+      for (const FaceZoneToWrite& zone : result_.faceZones) {
+        mark(zone.*side, isBounded.data());
+      }
+      if (bare() == nullptr) {
+        return;
       }
     }
-    const auto bare = std::find(isBounded.begin(), isBounded.end(), false);
-    if (bare != isBounded.end()) {
-      failCell(static_cast<std::uint64_t>(bare - isBounded.begin()) + 1);
+    failCell(static_cast<std::uint64_t>(bare() - isBounded.data()));
+  }
+
+  static void mark(const KeptIds* cells, char* isBounded) {
+    if (cells != nullptr) {
+      cells->with([cells, isBounded](const auto* ids) {
+        for (std::size_t i = 0; i < cells->size(); ++i) {
+          isBounded[ids[i]] = 1;
+        }
+      });
     }
   }
 
@@ -291,7 +361,7 @@ class Judge {
 
   std::string mesh_;
   const base::MeshTables& tables_;
-  const memory::MeshData& arrays_;
+  const KeptArrays& arrays_;
   MeshToWrite result_;
   std::uint64_t sideCount_ = 0;  // sides of faces that can have a cell
 };
@@ -318,7 +388,7 @@ const double* MeshToWrite::pointOf(std::uint64_t node) const {
 }
 
 MeshToWrite judgeMesh(const std::string& mesh, const base::MeshTables& tables,
-                      const memory::MeshData& arrays) {
+                      const KeptArrays& arrays) {
   return Judge(mesh, tables, arrays).run();
 }
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "embedded/base/CaseTables.h"
-#include "embedded/memory/Case.h"
+#include "formats/openfoam/KeptArrays.h"
 
 namespace velto::openfoam {
 
@@ -27,15 +27,21 @@ struct ZoneToWrite {
 struct FaceZoneToWrite : ZoneToWrite {
   bool isInternal = false;  ///< All its faces have two cells; else all have one.
   std::uint64_t begin = 0;
-  const std::uint64_t* nodes = nullptr;  ///< The faces' node ids, one face after the other.
-  std::uint64_t uniform = 0;             ///< Nodes of each face; 0 if that differs.
-  std::vector<std::uint64_t> starts;     ///< Where each face begins in `nodes`, and where they end.
-  const std::uint64_t* side0 = nullptr;
-  const std::uint64_t* side1 = nullptr;  ///< Null where no face has a cell there.
+  const KeptIds* nodes = nullptr;  ///< The faces' node ids, one face after the other.
+  std::uint64_t uniform = 0;       ///< Nodes of each face; 0 if that differs.
+  const short* counts = nullptr;   ///< Nodes of each face where that differs.
+  const KeptIds* side0 = nullptr;
+  const KeptIds* side1 = nullptr;  ///< Null where no face has a cell there.
 
-  std::uint64_t cell0(std::uint64_t i) const { return side0[i]; }
-  std::uint64_t cell1(std::uint64_t i) const { return side1 == nullptr ? 0 : side1[i]; }
-  std::uint64_t startOf(std::uint64_t i) const { return uniform != 0 ? i * uniform : starts[i]; }
+  /// The faces can be written as they stand: side 0 has the cell of the lower id, or the only one,
+  /// and faces inside the mesh are in upper-triangular order.
+  bool isInOrder = false;
+
+  std::uint64_t cell0(std::uint64_t i) const { return (*side0)[i]; }
+  std::uint64_t cell1(std::uint64_t i) const { return side1 == nullptr ? 0 : (*side1)[i]; }
+  std::uint64_t nodeCount(std::uint64_t i) const {
+    return uniform != 0 ? uniform : static_cast<std::uint64_t>(counts[i]);
+  }
 };
 
 /// A restart mesh with points, faces and the cells beside them, and no id or count that is wrong.
@@ -68,7 +74,7 @@ std::string shownZone(int id, const std::string& name);
 /// arrays do not fit together, a face with an id out of range or with the wrong cells, a cell that
 /// no face bounds.
 MeshToWrite judgeMesh(const std::string& mesh, const base::MeshTables& tables,
-                      const memory::MeshData& arrays);
+                      const KeptArrays& arrays);
 
 }  // namespace velto::openfoam
 

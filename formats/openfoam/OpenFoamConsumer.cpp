@@ -27,11 +27,6 @@ using base::MeshKey;
 
 namespace {
 
-bool isKept(Family family) {
-  return family == Family::faceNodes || family == Family::nodeCoordinates ||
-         family == Family::faceCell0 || family == Family::faceCell1;
-}
-
 bool isBlank(const base::MeshTables& mesh) {
   const auto isEmpty = [](const auto& ids) { return ids.second.empty(); };
   return mesh.zones.empty() && std::all_of(mesh.zoneIds.begin(), mesh.zoneIds.end(), isEmpty);
@@ -73,28 +68,30 @@ std::string shownMesh(const MeshKey& key) {
 
 // --- The arrays that are kept -------------------------------------------------------------------
 
-void PolyMeshSink::begin(Family family, const std::vector<int>& zones) {
-  if (isKept(family)) {
-    MeshDataSink::begin(family, zones);
-  }
-}
-
 void PolyMeshSink::writeUniformCount(Family family, int zone, short count) {
-  if (isKept(family)) {
-    MeshDataSink::writeUniformCount(family, zone, count);
+  if (family == Family::faceNodes) {
+    arrays_.faceNodes[zone].uniform = count;
   }
 }
 
 void PolyMeshSink::writeCounts(Family family, int zone, const short* counts, std::size_t n) {
-  if (isKept(family)) {
-    MeshDataSink::writeCounts(family, zone, counts, n);
+  if (family == Family::faceNodes) {
+    arrays_.faceNodes[zone].counts.assign(counts, counts + n);
   }
 }
 
 void PolyMeshSink::writeIds(Family family, int zone, const std::uint64_t* ids, std::size_t n) {
-  if (isKept(family)) {
-    MeshDataSink::writeIds(family, zone, ids, n);
+  if (family == Family::faceNodes) {
+    arrays_.faceNodes[zone].ids = KeptIds(ids, n);
+  } else if (family == Family::faceCell0) {
+    arrays_.faceCell0[zone] = KeptIds(ids, n);
+  } else if (family == Family::faceCell1) {
+    arrays_.faceCell1[zone] = KeptIds(ids, n);
   }
+}
+
+void PolyMeshSink::writeCoordinates(int zone, const double* values, std::size_t n) {
+  arrays_.nodeCoordinates[zone].assign(values, values + n);
 }
 
 // --- Parts --------------------------------------------------------------------------------------
@@ -174,7 +171,7 @@ std::vector<OpenFoamConsumer::Part> OpenFoamConsumer::judgedParts() {
     Part part;
     part.partition = key.partition;
     part.folder = isCut ? polyMeshFolder(path, key.partition) : polyMeshFolder(path);
-    part.mesh = judgeMesh(shownMesh(key), tables, sinks_[key].data());
+    part.mesh = judgeMesh(shownMesh(key), tables, sinks_[key].arrays());
     part.zones = zonesToWrite(part.mesh, tables, settings);
     partitions.insert(key.partition);
     parts.push_back(std::move(part));

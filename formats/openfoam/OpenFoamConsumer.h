@@ -11,18 +11,22 @@
 #include <vector>
 
 #include "embedded/base/CaseConsumer.h"
-#include "embedded/memory/MeshDataSink.h"
+#include "embedded/base/MeshArrays.h"
+#include "formats/openfoam/KeptArrays.h"
 #include "formats/openfoam/written_zones.h"
 
 namespace velto::openfoam {
 
 /// Keeps of a mesh what a polyMesh is made of: coordinates, face nodes, the cells beside the faces.
-class PolyMeshSink : public memory::MeshDataSink {
+class PolyMeshSink : public base::MeshArraySink {
  public:
-  void begin(base::Family family, const std::vector<int>& zones) override;
+  const KeptArrays& arrays() const { return arrays_; }
+
+  void begin(base::Family, const std::vector<int>&) override {}
   void writeUniformCount(base::Family family, int zone, short count) override;
   void writeCounts(base::Family family, int zone, const short* counts, std::size_t n) override;
   void writeIds(base::Family family, int zone, const std::uint64_t* ids, std::size_t n) override;
+  void writeCoordinates(int zone, const double* values, std::size_t n) override;
   void writeUniformCellType(int, int) override {}
   void writeCellTypes(int, const int*, std::size_t) override {}
   void setPartitionInfo(int, int) override {}
@@ -33,6 +37,9 @@ class PolyMeshSink : public memory::MeshDataSink {
   void declareVariables(short, OrvZoneCategory, const std::vector<std::string>&) override {}
   void beginVariable(const base::VariableKey&, const std::vector<int>&, std::size_t) override {}
   void writeVariable(const base::VariableKey&, int, const double*, std::size_t) override {}
+
+ private:
+  KeptArrays arrays_;
 };
 
 /// Writes the restart mesh of a case into a polyMesh folder; the partitions of a mesh that is cut

@@ -50,19 +50,22 @@ class OutputFile {
 
   void bytes(const char* data, std::size_t size);
 
-  /// Returns when all is on the disk.
-  void close();
-
- private:
-  class Packer;
-
-  /// Where at least `size` more bytes have room (at most a few dozen).
+  /// Where at least `size` more bytes have room, at most kLargestRoom; filled() says that they are
+  /// there.
   char* reserve(std::size_t size) {
     if (buffer_.size() - used_ < size) {
       flush();
     }
     return buffer_.data() + used_;
   }
+  void filled(std::size_t size) { used_ += size; }
+  static constexpr std::size_t kLargestRoom = 64 * std::size_t{1024};
+
+  /// Returns when all is on the disk.
+  void close();
+
+ private:
+  class Packer;
 
   void flush();
   void writeOut(const char* data, std::size_t size);

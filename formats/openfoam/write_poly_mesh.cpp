@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "formats/openfoam/MeshFile.h"
@@ -47,63 +48,81 @@ class FolderWriter {
     file.begin("vectorField");
     file.beginList(mesh_.nodeCount);
     for (std::size_t zone = 0; zone < mesh_.nodeZones.size(); ++zone) {
-      const double* point = mesh_.coordinates[zone];
-      for (std::uint64_t i = 0; i < mesh_.nodeZones[zone].count; ++i, point += 3) {
-        writePoint(file, point);
+      if (file.isText()) {
+        writePointLines(file, mesh_.coordinates[zone], mesh_.nodeZones[zone].count);
+      } else {
+        writePointBlocks(file, mesh_.coordinates[zone], mesh_.nodeZones[zone].count);
       }
     }
     file.out().text(mesh_.nodeCount > 0 ? ")" : "");
     file.close();
   }
 
-  static void writePoint(MeshFile& file, const double* point) {
+  static void writePointLines(MeshFile& file, const double* point, std::uint64_t count) {
     OutputFile& out = file.out();
-    const bool isText = file.isText();
-    for (std::size_t k = 0; k < 3; ++k) {
-      if (isText) {
+    for (std::uint64_t i = 0; i < count; ++i, point += 3) {
+      for (std::size_t k = 0; k < 3; ++k) {
         out.put(k == 0 ? '(' : ' ');
         out.real(point[k]);
-      } else {
-        out.raw(point[k]);
       }
-    }
-    if (isText) {
       out.text(")\n");
+      file.advance(3);
     }
-    file.advance(3);
   }
 
-  /// Calls `take` with each node of a face in the order in which it is written: a face that is
-  /// flipped keeps its first node.
-  template <class Take>
-  static void forEachNode(const PlacedFace& face, const Take& take) {
-    const std::uint64_t* const nodes = face.nodes();
-    const std::uint64_t count = face.nodeCount();
-    for (std::uint64_t k = 0; k < count; ++k) {
-      take(nodes[face.isFlipped && k > 0 ? count - k : k]);
+  static void writePointBlocks(MeshFile& file, const double* values, std::uint64_t count) {
+    constexpr std::uint64_t kBlock = 1U << 18U;
+    for (std::uint64_t left = 3 * count; left > 0;) {
+      const std::uint64_t n = std::min(left, kBlock);
+      file.out().bytes(reinterpret_cast<const char*>(values),
+                       static_cast<std::size_t>(n) * sizeof(double));
+      file.advance(n);
+      values += n;
+      left -= n;
     }
+  }
+
+  template <class Take>
+  void forEachFace(const FaceRun& run, const Take& take) const {
+    FaceWalk walk(order_, run);
+    for (std::uint64_t i = 0; i < run.count; ++i) {
+      take(walk.next());
+    }
+  }
+
+  /// Calls `use` with the number of a face's nodes and a function that gives each of them, in the
+  /// order in which they are written: a face that is flipped keeps its first node.
+  template <class Use>
+  static void withNodes(const PlacedFace& face, const Use& use) {
+    face.zone->nodes->with([&face, &use](const auto* ids) {
+      const auto* const nodes = ids + face.start;
+      const std::uint64_t count = face.nodeCount();
+      if (face.isFlipped) {
+        use(count, [nodes, count](std::uint64_t k) { return nodes[k == 0 ? 0 : count - k]; });
+      } else {
+        use(count, [nodes](std::uint64_t k) { return nodes[k]; });
+      }
+    });
   }
 
   void writeFaces() const {
     MeshFile file(settings_, "faces");
-    const std::uint64_t count = order_.size();
     if (file.isText()) {
       file.begin("faceList");
-      file.list(count, [&](std::uint64_t i) { writeFace(file, order_.at(i)); });
+      if (file.beginList(order_.size())) {
+        for (const FaceRun& run : order_.runs()) {
+          forEachFace(run, [&file](const PlacedFace& face) { writeFace(file, face); });
+        }
+        file.out().put(')');
+      }
     } else {
       file.begin("faceCompactList");
-      std::uint64_t next = 0;
-      file.labels(count + 1, [&](std::uint64_t i) {
-        const std::uint64_t start = next;
-        next += i < count ? order_.at(i).nodeCount() : 0;
-        return start;
-      });
-      file.out().text("\n\n");
+      file.beginList(order_.size() + 1);
+      writeFaceStarts(file);
+      file.out().text(")\n\n");
       if (file.beginList(mesh_.faceNodeCount)) {
-        for (std::uint64_t i = 0; i < count; ++i) {
-          const PlacedFace face = order_.at(i);
-          forEachNode(face, [&file](std::uint64_t node) { file.label(node - 1); });
-          file.advance(face.nodeCount());
+        for (const FaceRun& run : order_.runs()) {
+          writeFaceNodes(file, run);
         }
         file.out().put(')');
       }
@@ -111,17 +130,56 @@ class FolderWriter {
     file.close();
   }
 
+  void writeFaceStarts(MeshFile& file) const {
+    std::uint64_t next = 0;
+    for (const FaceRun& run : order_.runs()) {
+      if (run.zone != nullptr && run.zone->uniform != 0) {
+        const std::uint64_t step = run.zone->uniform;
+        file.labelEntries(run.count, [next, step](std::uint64_t i) { return next + i * step; });
+        next += run.count * step;
+      } else {
+        FaceWalk walk(order_, run);
+        file.labelEntries(run.count, [&walk, &next](std::uint64_t) {
+          return std::exchange(next, next + walk.next().nodeCount());
+        });
+      }
+    }
+    file.labelEntry(next);
+  }
+
+  void writeFaceNodes(MeshFile& file, const FaceRun& run) const {
+    if (run.isPlain()) {
+      writeIds(file, run.zone->nodes);
+      return;
+    }
+    forEachFace(run, [&file](const PlacedFace& face) {
+      withNodes(face, [&file](std::uint64_t count, const auto& nodeAt) {
+        file.labelEntries(count, [&nodeAt](std::uint64_t k) { return nodeAt(k) - 1; });
+      });
+    });
+  }
+
+  /// The labels of nodes or cells as they stand in a zone, which may have none.
+  static void writeIds(MeshFile& file, const KeptIds* ids) {
+    if (ids != nullptr) {
+      ids->with([&file, ids](const auto* values) {
+        file.labelEntries(ids->size(), [values](std::uint64_t i) { return values[i] - 1; });
+      });
+    }
+  }
+
   static void writeFace(MeshFile& file, const PlacedFace& face) {
     OutputFile& out = file.out();
-    out.label(face.nodeCount());
-    char before = '(';
-    forEachNode(face, [&](std::uint64_t node) {
-      out.put(before);
-      out.label(node - 1);
-      before = ' ';
+    withNodes(face, [&file, &out](std::uint64_t count, const auto& nodeAt) {
+      out.label(count);
+      for (std::uint64_t k = 0; k < count; ++k) {
+        out.put(k == 0 ? '(' : ' ');
+        out.label(nodeAt(k) - 1);
+      }
+      out.put(')');
+      out.put('\n');
+      file.advance(count + 1);
     });
-    out.put(')');
-    file.advance(face.nodeCount() + 1);
   }
 
   std::string note() const {
@@ -134,16 +192,42 @@ class FolderWriter {
   void writeOwner() const {
     MeshFile file(settings_, "owner");
     file.begin("labelList", note());
-    file.labels(order_.size(), [this](std::uint64_t i) { return order_.at(i).owner() - 1; });
+    if (file.beginList(order_.size())) {
+      for (const FaceRun& run : order_.runs()) {
+        writeCells(file, run, run.isPlain() ? run.zone->side0 : nullptr,
+                   [](const PlacedFace& face) { return face.owner(); });
+      }
+      file.out().put(')');
+    }
     file.close();
   }
 
   void writeNeighbour() const {
     MeshFile file(settings_, "neighbour");
     file.begin("labelList", note());
-    file.labels(mesh_.internalCount,
-                [this](std::uint64_t i) { return order_.at(i).neighbour() - 1; });
+    if (file.beginList(mesh_.internalCount)) {
+      for (const FaceRun& run : order_.runs()) {
+        if (run.first < mesh_.internalCount) {
+          writeCells(file, run, run.isPlain() ? run.zone->side1 : nullptr,
+                     [](const PlacedFace& face) { return face.neighbour(); });
+        }
+      }
+      file.out().put(')');
+    }
     file.close();
+  }
+
+  /// The cells `plain` of a run that can be written as it stands, else `cellOf` each face.
+  template <class CellOf>
+  void writeCells(MeshFile& file, const FaceRun& run, const KeptIds* plain,
+                  const CellOf& cellOf) const {
+    if (run.isPlain()) {
+      writeIds(file, plain);
+    } else {
+      FaceWalk walk(order_, run);
+      file.labelEntries(run.count,
+                        [&walk, cellOf](std::uint64_t) { return cellOf(walk.next()) - 1; });
+    }
   }
 
   void writeBoundary() const {
@@ -192,43 +276,74 @@ class FolderWriter {
   }
 
   void writeFaceZones() const {
-    const auto labels = faceZoneLabels();
+    const auto entries = sortedEntries();
     MeshFile file(settings_, "faceZones");
     file.begin("regIOobject");
     beginZones(file, zones_.faceZones.size());
     for (const WrittenFaceZone& zone : zones_.faceZones) {
-      std::vector<std::uint64_t> all;
-      for (const std::size_t place : zone.zones) {
-        all.insert(all.end(), labels[place].begin(), labels[place].end());
-      }
-      const auto entryOf = [&all](std::uint64_t i) { return all[static_cast<std::size_t>(i)]; };
       file.out().text(zone.name + "\n{\n    type faceZone;\n    faceLabels      List<label> ");
-      file.labels(all.size(), [&](std::uint64_t i) { return entryOf(i) / 2; });
+      const std::uint64_t count = faceCount(zone);
+      if (file.beginList(count)) {
+        for (const std::size_t place : zone.zones) {
+          writeFaceLabels(file, place, entries[place]);
+        }
+        file.out().put(')');
+      }
       file.out().text(";\n    flipMap         List<bool> ");
-      file.flags(all.size(), [&](std::uint64_t i) { return entryOf(i) % 2 != 0; });
+      if (file.beginList(count)) {
+        for (const std::size_t place : zone.zones) {
+          const auto& held = entries[place];
+          file.flagEntries(mesh_.faceZones[place].count,
+                           [&held](std::uint64_t i) { return !held.empty() && held[i] % 2 != 0; });
+        }
+        file.out().put(')');
+      }
       file.out().text(";\n}\n");
     }
     file.out().text(")");
     file.close();
   }
 
-  /// Of each zone that is part of a face zone the labels of its faces, doubled, and one more where
-  /// the face is flipped.
-  std::vector<std::vector<std::uint64_t>> faceZoneLabels() const {
-    std::vector<std::vector<std::uint64_t>> labels(mesh_.faceZones.size());
-    for (const WrittenFaceZone& zone : zones_.faceZones) {
-      for (const std::size_t place : zone.zones) {
-        labels[place].resize(static_cast<std::size_t>(mesh_.faceZones[place].count));
+  std::uint64_t faceCount(const WrittenFaceZone& zone) const {
+    std::uint64_t count = 0;
+    for (const std::size_t place : zone.zones) {
+      count += mesh_.faceZones[place].count;
+    }
+    return count;
+  }
+
+  /// Labels of the faces of a zone: one behind the other where the zone is written as it stands.
+  void writeFaceLabels(MeshFile& file, std::size_t place,
+                       const std::vector<std::uint64_t>& entries) const {
+    for (const FaceRun& run : order_.runs()) {
+      if (run.zone == &mesh_.faceZones[place]) {
+        file.labelEntries(run.count, [&run](std::uint64_t i) { return run.first + i; });
       }
     }
-    for (std::uint64_t label = 0; label < mesh_.internalCount; ++label) {
-      const PlacedFace face = order_.at(label);
-      auto& held = labels[static_cast<std::size_t>(face.zone - mesh_.faceZones.data())];
+    file.labelEntries(entries.size(), [&entries](std::uint64_t i) { return entries[i] / 2; });
+  }
+
+  /// Of each zone that is part of a face zone, if internal faces had to be sorted: the labels of
+  /// its faces, doubled, and one more where the face is flipped.
+  std::vector<std::vector<std::uint64_t>> sortedEntries() const {
+    std::vector<std::vector<std::uint64_t>> entries(mesh_.faceZones.size());
+    if (order_.runs().empty() || order_.runs().front().zone != nullptr) {
+      return entries;
+    }
+    for (const WrittenFaceZone& zone : zones_.faceZones) {
+      for (const std::size_t place : zone.zones) {
+        entries[place].resize(static_cast<std::size_t>(mesh_.faceZones[place].count));
+      }
+    }
+    std::uint64_t label = 0;
+    forEachFace(order_.runs().front(), [&](const PlacedFace& face) {
+      auto& held = entries[static_cast<std::size_t>(face.zone - mesh_.faceZones.data())];
       if (!held.empty()) {
         held[static_cast<std::size_t>(face.index)] = 2 * label + (face.isFlipped ? 1 : 0);
       }
-    }
-    return labels;
+      ++label;
+    });
+    return entries;
   }
 
   const MeshToWrite& mesh_;
