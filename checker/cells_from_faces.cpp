@@ -133,11 +133,15 @@ void OrvChecker::readTypesOfCells(const std::vector<int>& zones, std::vector<int
 
 void OrvChecker::countFacesOfCells(const FaceSide& side, const IdRange& faces,
                                    std::vector<std::int16_t>& facesOfCell) {
-  OrvFileProvider* source = openProvider();
+  // In variables of its own: behind a reference they would be looked up again after each call.
+  OrvFileProvider* const source = openProvider();
+  const auto getCell = side.family.getCell;
+  std::int16_t* const counts = facesOfCell.data();
+  const std::size_t cells = facesOfCell.size();
   for (const std::uint64_t face : faces) {
-    const std::uint64_t cell = (source->*side.family.getCell)(face);
-    if (cell - 1 < facesOfCell.size()) {
-      std::int16_t& count = facesOfCell[cell - 1];
+    const std::uint64_t cell = (source->*getCell)(face);
+    if (cell - 1 < cells) {
+      std::int16_t& count = counts[cell - 1];
       // Kept: of 16 bits, so that 32768 faces are a negative number of them.
       count = static_cast<std::int16_t>(static_cast<std::uint16_t>(count) + 1);
     } else {
@@ -218,12 +222,13 @@ bool OrvChecker::checkCellsFromFaces_cellnode() {
 
 void OrvChecker::compareNodes(const FaceSide& side, std::vector<int>& zones) {
   displayStep("checkCellsFromFaces_cellnode", "c" + side.number);
-  OrvFileProvider* source = openProvider();
+  OrvFileProvider* const source = openProvider();
+  const auto getCell = side.family.getCell;
   (source->*side.family.begin)(zones);
   for (const int zone : zones) {
     bool isBad = false;
     for (const std::uint64_t face : rangeOf(*source, zone)) {
-      const std::uint64_t cell = (source->*side.family.getCell)(face);
+      const std::uint64_t cell = (source->*getCell)(face);
       if (cell - 1 >= cellNodeCounts.size()) {
         addInvalidCell(side, cell, face);
       } else if (!ownsFace(cell, face)) {

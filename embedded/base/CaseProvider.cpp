@@ -192,11 +192,11 @@ std::vector<ZoneRange> CaseProvider::rangesOf(const std::vector<int>& zoneIds) {
 void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
   listZones(family, zoneIds);
   elementIds_.open(rangesOf(zoneIds), [this, family](int zone, ZoneValues<std::uint64_t>& values) {
+    MeshArrays* const source = arrays();
+    if (source == nullptr) {  // another mesh was selected since
+      return false;
+    }
     guarded(*this, familyName(family, zone), [&] {
-      MeshArrays* source = arrays();
-      if (source == nullptr) {  // another mesh was selected since
-        return;
-      }
       const IdView view = source->viewIds(family, zone);
       if (view.size > 0) {
         values.data = view.data;
@@ -204,10 +204,19 @@ void CaseProvider::openElements(Family family, std::vector<int>& zoneIds) {
         values.size = view.size;
         return;
       }
-      values.buffer.assign(source->valueCount(family, zone), 0);
-      values.size = source->readIds(family, zone, values.buffer.data(), values.buffer.size());
-      values.data = values.buffer.data();
+      const std::size_t n = source->valueCount(family, zone);
+      std::uint32_t* narrow = values.narrowRoom.take(n);
+      values.size = source->readNarrowIds(family, zone, narrow, n);
+      if (values.size > 0) {
+        values.narrow = narrow;
+        return;
+      }
+      values.narrowRoom.release();
+      std::uint64_t* ids = values.room.take(n);
+      values.size = source->readIds(family, zone, ids, n);
+      values.data = ids;
     });
+    return true;
   });
 }
 

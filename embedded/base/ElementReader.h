@@ -9,21 +9,48 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace velto::base {
 
-/// The values of a zone's elements: borrowed from their owner, held in `buffer` where they had to
-/// be read, or one value for all of them.
+/// Memory that is used again and never cleared.
+template <class Value>
+class Room {
+ public:
+  /// Place for `n` values, which hold nothing yet; what it held before is void.
+  Value* take(std::size_t n) {
+    if (n > size_) {
+      release();
+      values_.reset(new Value[n]);  // NOLINT(modernize-make-unique): that would fill it with zeros.
+      size_ = n;
+    }
+    return values_.get();
+  }
+
+  void release() {
+    values_.reset();
+    size_ = 0;
+  }
+
+ private:
+  std::unique_ptr<Value[]> values_;
+  std::size_t size_ = 0;
+};
+
+/// The values of a zone's elements: borrowed from their owner, in their own type or in 32 bits,
+/// held in a room where they had to be read, or one value for all of them.
 template <class Value>
 struct ZoneValues {
   const Value* data = nullptr;
-  const std::uint32_t* narrow = nullptr;  ///< In place of `data` where they stand in 32 bits.
+  const std::uint32_t* narrow = nullptr;  ///< In place of `data`.
   std::size_t size = 0;
-  std::vector<Value> buffer;
   std::optional<Value> uniform;
+
+  Room<Value> room;
+  Room<std::uint32_t> narrowRoom;
 };
 
 /// The id range that a listed zone claims.
@@ -38,8 +65,9 @@ struct ZoneRange {
 template <class Value>
 class ElementReader {
  public:
-  /// Fetches the values of a zone into the given place.
-  using Load = std::function<void(int zone, ZoneValues<Value>&)>;
+  /// Fetches the values of a zone into the given place; none if it cannot be read, which is not
+  /// tried again for each of its elements. False if it has to be, since there is no such zone now.
+  using Load = std::function<bool(int zone, ZoneValues<Value>&)>;
 
   void open(std::vector<ZoneRange> ranges, Load load) {
     ranges_ = std::move(ranges);
@@ -66,18 +94,25 @@ class ElementReader {
   Value get(std::uint64_t id) {
     const std::uint64_t position = id - first_;
     if (position < size_) {
-      return at(position);
+      return data_[position];
+    }
+    if (position < narrowSize_) {
+      return static_cast<Value>(narrow_[position]);
     }
     return getFromAnotherZone(id);
   }
 
  private:
+  static constexpr std::size_t kNoRange = static_cast<std::size_t>(-1);
+
   void forgetZone() {
-    first_ = 0;
     size_ = 0;
+    narrowSize_ = 0;
+    held_ = kNoRange;
   }
 
-  Value getFromAnotherZone(std::uint64_t id) {
+  /// Apart from get(), which would save registers for it in each call.
+  [[gnu::noinline]] Value getFromAnotherZone(std::uint64_t id) {
     const auto after =
         std::upper_bound(ranges_.begin(), ranges_.end(), id,
                          [](std::uint64_t wanted, const ZoneRange& r) { return wanted < r.first; });
@@ -87,41 +122,53 @@ class ElementReader {
         break;
       }
       if (ranges_[candidate].last >= id) {
-        return loadAndGet(ranges_[candidate], id);
+        return candidate == held_ ? values_.uniform.value_or(Value{}) : loadAndGet(candidate, id);
       }
     }
     return Value{};
   }
 
-  Value loadAndGet(const ZoneRange& range, std::uint64_t id) {
+  Value loadAndGet(std::size_t candidate, std::uint64_t id) {
+    const ZoneRange& range = ranges_[candidate];
     forgetZone();
     values_.data = nullptr;
     values_.narrow = nullptr;
     values_.size = 0;
     values_.uniform.reset();
-    load_(range.zone, values_);
+    if (!load_(range.zone, values_)) {
+      return Value{};
+    }
+    held_ = candidate;
     if (values_.uniform) {
       return *values_.uniform;
     }
     first_ = range.first;
+    data_ = values_.data;
+    narrow_ = values_.narrow;
     // A zone may hold more values than its range has ids; those belong to nobody.
     const std::uint64_t behindFirst = range.last - range.first;
-    size_ = behindFirst < values_.size ? static_cast<std::size_t>(behindFirst) + 1 : values_.size;
+    const std::size_t size =
+        behindFirst < values_.size ? static_cast<std::size_t>(behindFirst) + 1 : values_.size;
+    (narrow_ == nullptr ? size_ : narrowSize_) = size;
     const std::uint64_t position = id - first_;
-    return position < size_ ? at(position) : Value{};
+    if (position >= size) {
+      return Value{};
+    }
+    return narrow_ == nullptr ? data_[position] : static_cast<Value>(narrow_[position]);
   }
 
-  Value at(std::uint64_t position) const {
-    return values_.narrow != nullptr ? static_cast<Value>(values_.narrow[position])
-                                     : values_.data[position];
-  }
+  // Of the zone that was read last; one of the sizes is 0.
+  std::uint64_t first_ = 0;
+  std::uint64_t size_ = 0;
+  std::uint64_t narrowSize_ = 0;
+  const Value* data_ = nullptr;
+  const std::uint32_t* narrow_ = nullptr;
 
+  std::size_t held_ = kNoRange;       // which of the ranges that zone has
   std::vector<ZoneRange> ranges_;     // by first id
   std::vector<std::uint64_t> reach_;  // largest last id up to each range
   Load load_;
   ZoneValues<Value> values_;
-  std::uint64_t first_ = 0;
-  std::uint64_t size_ = 0;
 };
 
 }  // namespace velto::base

@@ -16,7 +16,7 @@
 
 namespace velto::base {
 
-/// A run of ids that somebody else owns, in 64 bits each or in 32: one of the pointers is null.
+/// A run of ids that somebody else owns, in 64 or in 32 bits each: one of the pointers is set.
 struct IdView {
   const std::uint64_t* data = nullptr;
   std::size_t size = 0;
@@ -62,6 +62,13 @@ class MeshArrays {
   /// The same ids without copying, valid as long as this object; for arrays that stay in memory. An
   /// empty view means that they have to be read.
   virtual IdView viewIds(Family, int /*zone*/) { return {}; }
+
+  /// The same ids read in 32 bits each, where an implementation has a way to that which spares
+  /// memory and all of the zone's ids fit; 0 if not, and they have to be read in 64.
+  virtual std::size_t readNarrowIds(Family, int /*zone*/, std::uint32_t* /*ids*/,
+                                    std::size_t /*n*/) {
+    return 0;
+  }
 
   /// Number of values that can be read for a zone: coordinates, ids, types or partitions. None of
   /// cell types that are uniform.

@@ -106,6 +106,11 @@ void RawFile::resize(std::uint64_t size) {
   }
 }
 
+void RawFile::startSync(std::uint64_t offset, std::uint64_t size) {
+  ::sync_file_range(descriptor_, static_cast<off_t>(offset), static_cast<off_t>(size),
+                    SYNC_FILE_RANGE_WRITE);
+}
+
 void RawFile::sync() {
   if (::fsync(descriptor_) != 0) {
     fail("cannot be brought to the disk");

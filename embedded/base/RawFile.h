@@ -35,6 +35,10 @@ class RawFile {
   /// Cuts the file, or makes it longer by zeros.
   void resize(std::uint64_t size);
 
+  /// Lets the disk begin with part of what was written, so that less is left for sync(). That it
+  /// cannot is no error.
+  void startSync(std::uint64_t offset, std::uint64_t size);
+
   /// Returns when all that was written is on the disk.
   void sync();
 

@@ -150,20 +150,22 @@ void CaseProvider::endFaceTree() {}
 void CaseProvider::beginCellTypes(std::vector<int>& zoneIds) {
   listZones(Family::cellTypes, zoneIds);
   elementTypes_.open(rangesOf(zoneIds), [this](int zone, ZoneValues<int>& values) {
+    MeshArrays* const source = arrays();
+    if (source == nullptr) {  // another mesh was selected since
+      return false;
+    }
     guarded(*this, familyName(Family::cellTypes, zone), [&] {
-      MeshArrays* source = arrays();
-      if (source == nullptr) {  // another mesh was selected since
-        return;
-      }
       int type = 0;
       if (source->uniformCellType(zone, type)) {
         values.uniform = type;
         return;
       }
-      values.buffer.assign(source->valueCount(Family::cellTypes, zone), 0);
-      values.size = source->readCellTypes(zone, values.buffer.data(), values.buffer.size());
-      values.data = values.buffer.data();
+      const std::size_t n = source->valueCount(Family::cellTypes, zone);
+      int* types = values.room.take(n);
+      values.size = source->readCellTypes(zone, types, n);
+      values.data = types;
     });
+    return true;
   });
 }
 

@@ -18,6 +18,18 @@ namespace {
 /// Copy and checksum take a block of this size each time, or a chunk.
 constexpr std::size_t kBlockBytes = std::size_t{1} << 18U;
 
+/// The lower halves of ids, and the bits that any of them has.
+std::uint64_t narrow(const std::byte* ids, std::size_t n, std::uint32_t* values) {
+  std::uint64_t bits = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    std::uint64_t id = 0;
+    std::memcpy(&id, ids + i * sizeof id, sizeof id);
+    values[i] = static_cast<std::uint32_t>(id);
+    bits |= id;
+  }
+  return bits;
+}
+
 }  // namespace
 
 RowReader::RowReader(Dataset dataset, NumberType type, const base::RawFile& file,
@@ -54,23 +66,46 @@ std::size_t RowReader::read(const RowRun& run, Trust trust, void* values, std::s
   return count;
 }
 
+std::uint64_t RowReader::rowsOfBlock(std::uint64_t first, std::uint64_t most) const {
+  const std::uint64_t rows = storage_ == Storage::packed ? chunkRows_ : kBlockBytes / rowSize_;
+  return std::min(rows - first % rows, most);
+}
+
+std::byte* RowReader::block(std::uint64_t rows) {
+  buffers_.block.resize(static_cast<std::size_t>(rows) * rowSize_);
+  return buffers_.block.data();
+}
+
 void RowReader::readVerified(const RowRun& run, std::byte* values, std::uint64_t n) {
-  const std::uint64_t blockRows = storage_ == Storage::packed ? chunkRows_ : kBlockBytes / rowSize_;
   buffers_.checksum.restart();
   for (std::uint64_t done = 0; done < run.rows;) {
-    const std::uint64_t end = done < n ? n : run.rows;
     const std::uint64_t first = run.first + done;
-    const std::uint64_t count = std::min(blockRows - first % blockRows, end - done);
-    const std::size_t bytes = static_cast<std::size_t>(count) * rowSize_;
-    std::byte* place = values + done * rowSize_;
-    if (done >= n) {
-      buffers_.beyond.resize(bytes);
-      place = buffers_.beyond.data();
-    }
+    const std::uint64_t count = rowsOfBlock(first, (done < n ? n : run.rows) - done);
+    std::byte* place = done < n ? values + done * rowSize_ : block(count);
     readBlock(first, count, place);
-    buffers_.checksum.add(place, bytes);
+    buffers_.checksum.add(place, static_cast<std::size_t>(count) * rowSize_);
     done += count;
   }
+  requireFit(run);
+}
+
+bool RowReader::readNarrow(const RowRun& run, std::uint32_t* values) {
+  buffers_.checksum.restart();
+  std::uint64_t bits = 0;
+  for (std::uint64_t done = 0; done < run.rows;) {
+    const std::uint64_t first = run.first + done;
+    const std::uint64_t count = rowsOfBlock(first, run.rows - done);
+    std::byte* place = block(count);
+    readBlock(first, count, place);
+    buffers_.checksum.add(place, static_cast<std::size_t>(count) * rowSize_);
+    bits |= narrow(place, static_cast<std::size_t>(count), values + done);
+    done += count;
+  }
+  requireFit(run);
+  return bits >> 32U == 0;
+}
+
+void RowReader::requireFit(const RowRun& run) const {
   if (buffers_.checksum.value() != run.checksum) {
     throw CaseError(where_ + ": rows " + std::to_string(run.first) + " to " +
                     std::to_string(run.first + run.rows - 1) +

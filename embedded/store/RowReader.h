@@ -23,7 +23,7 @@ namespace velto::store {
 struct ReadBuffers {
   Checksum checksum;
   Unpacker unpacker;
-  std::vector<std::byte> beyond;  ///< Rows that the caller has no room for.
+  std::vector<std::byte> block;  ///< Rows that the caller has no room for, or not in this form.
   std::vector<std::byte> packed;
   /// The chunk that was unpacked last: whose it is, and the first row of it.
   std::vector<std::byte> chunk;
@@ -47,8 +47,17 @@ class RowReader {
   /// compared with its checksum. Returns how many rows it gave; on an error those are 0.
   std::size_t read(const RowRun& run, Trust trust, void* values, std::size_t n);
 
+  /// Reads all of a run of ids, compared with its checksum, in 32 bits each. False if there are
+  /// larger ones; the values are not defined then, nor after an error.
+  bool readNarrow(const RowRun& run, std::uint32_t* values);
+
  private:
   void readVerified(const RowRun& run, std::byte* values, std::uint64_t n);
+  /// How many of the next rows are taken at a time.
+  std::uint64_t rowsOfBlock(std::uint64_t first, std::uint64_t most) const;
+  /// Room for rows, until the next call.
+  std::byte* block(std::uint64_t rows);
+  void requireFit(const RowRun& run) const;
   void readBlock(std::uint64_t first, std::uint64_t count, std::byte* values);
   void readPacked(std::uint64_t first, std::uint64_t count, std::byte* values);
   /// The chunk that begins at a row: kept for the zones that follow in it, or put into `values`.

@@ -3,9 +3,10 @@
 // RowWriter: contiguous and packed rows.
 //
 // HDF5 fixes the length of a contiguous dataset when it is made. So the first megabytes are held
-// back: most arrays end within them and get a dataset of the right length. A longer one gets the
-// length that was planned, which is right for every sound case; where it was not, the values move
-// to a dataset of another length, at least twice as long as long as more are coming.
+// back, unless more come at once: most arrays end within them and get a dataset of the right
+// length. A longer one gets the length that was planned, which is right for every sound case; where
+// it was not, the values move to a dataset of another length, at least twice as long as long as
+// more are coming.
 
 #include "embedded/store/RowWriter.h"
 
@@ -59,7 +60,8 @@ class ContiguousWriter : public RowWriter {
  protected:
   void put(const std::byte* values, std::uint64_t rows) override {
     const std::size_t bytes = static_cast<std::size_t>(rows) * rowSize();
-    if (!dataset_ && held_.size() + bytes <= kHeldBytes) {
+    // By all that is being appended: the first blocks of a long zone are not held back either.
+    if (!dataset_ && rowsComing() <= kHeldBytes / rowSize()) {
       held_.insert(held_.end(), values, values + bytes);
       return;
     }

@@ -226,6 +226,16 @@ std::size_t StoreArrays::readIds(Family family, int zone, std::uint64_t* ids, st
   return read({layout::valuesOf(family), 0}, zone, ids, n);
 }
 
+std::size_t StoreArrays::readNarrowIds(Family family, int zone, std::uint32_t* ids, std::size_t n) {
+  const auto found = arrays_.find({layout::valuesOf(family), 0});
+  const ZoneRows* rows = found == arrays_.end() ? nullptr : found->second.find(zone);
+  if (rows == nullptr || rows->rows == 0 || rows->rows > n) {
+    return 0;
+  }
+  const RowRun run{rows->first, rows->rows, rows->checksum};
+  return found->second.reader->readNarrow(run, ids) ? static_cast<std::size_t>(run.rows) : 0;
+}
+
 std::size_t StoreArrays::valueCount(Family family, int zone) {
   return rowsOf({layout::valuesOf(family), 0}, zone);
 }

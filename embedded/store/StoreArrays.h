@@ -46,6 +46,8 @@ class StoreArrays : public base::MeshArrays {
   bool uniformCount(base::Family family, int zone, short& count) override;
   std::size_t readCounts(base::Family family, int zone, short* counts, std::size_t n) override;
   std::size_t readIds(base::Family family, int zone, std::uint64_t* ids, std::size_t n) override;
+  std::size_t readNarrowIds(base::Family family, int zone, std::uint32_t* ids,
+                            std::size_t n) override;
   std::size_t valueCount(base::Family family, int zone) override;
   std::size_t countCount(base::Family family, int zone) override;
   std::size_t readCoordinates(int zone, double* values, std::size_t n) override;
