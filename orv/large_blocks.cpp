@@ -11,15 +11,16 @@
 namespace {
 
 constexpr std::size_t kHugePage = std::size_t{2} << 20;
-constexpr std::size_t kLarge = 2 * kHugePage;
+constexpr std::size_t kLarge = kHugePage / 2;
 
 void* allocate(std::size_t size) {
   if (size < kLarge || size > SIZE_MAX - kHugePage) {
     return std::malloc(size == 0 ? 1 : size);
   }
-  void* block = std::aligned_alloc(kHugePage, (size + kHugePage - 1) / kHugePage * kHugePage);
+  const std::size_t whole = (size + kHugePage - 1) / kHugePage * kHugePage;
+  void* block = std::aligned_alloc(kHugePage, whole);
   if (block != nullptr) {
-    madvise(block, size, MADV_HUGEPAGE);  // what the system makes of it changes nothing but speed
+    madvise(block, whole, MADV_HUGEPAGE);  // what the system makes of it changes nothing but speed
   }
   return block;
 }
