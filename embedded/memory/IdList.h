@@ -104,7 +104,7 @@ class IdList {
       isWide_ ? wide_.resize(size) : narrow_.resize(size);
     }
   }
-  void push_back(std::uint64_t id) { append(&id, 1); }
+  void add(std::uint64_t id) { append(&id, 1); }
 
   void append(const std::uint64_t* ids, std::size_t n) {
     if (!isWide_ && !allFit(ids, n)) {

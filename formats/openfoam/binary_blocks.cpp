@@ -73,7 +73,7 @@ void appendLabels(const char* bytes, std::size_t n, memory::IdList& ids) {
     } else {
       for (std::size_t i = 0; i < part; ++i) {
         const auto label = static_cast<Label>(made[i] - 1);  // again with its sign
-        ids.push_back(static_cast<std::uint64_t>(std::int64_t{label}) + 1);
+        ids.add(static_cast<std::uint64_t>(std::int64_t{label}) + 1);
       }
     }
     done += part;

@@ -273,7 +273,7 @@ class Assembler {
       memory::IdList cells;
       cells.reserve(zone.gathered->size());
       for (const std::uint64_t face : *zone.gathered) {
-        cells.push_back(face < side->size() ? (*side)[face] : 0);
+        cells.add(face < side->size() ? (*side)[face] : 0);
       }
       return Slice<std::uint64_t>(std::move(cells));
     };

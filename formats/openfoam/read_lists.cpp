@@ -79,7 +79,7 @@ void readTextLabels(Scanner& scanner, const EntryNames& names, const ListHead& h
     if (!label) {
       scanner.fail(entryName(names, head, done));
     }
-    ids.push_back(static_cast<std::uint64_t>(*label) + 1);
+    ids.add(static_cast<std::uint64_t>(*label) + 1);
     ++done;
   }
   closeList(scanner, names, head);

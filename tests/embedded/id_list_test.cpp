@@ -27,17 +27,17 @@ bool isNarrow(const IdList& list) {
 
 TEST(IdList, TakesThirtyTwoBitsWhileAllIdsFit) {
   IdList list;
-  list.push_back(0);
-  list.push_back(kMostNarrow);
+  list.add(0);
+  list.add(kMostNarrow);
   EXPECT_TRUE(isNarrow(list));
   EXPECT_EQ(valuesOf(list), (Ids{0, kMostNarrow}));
 }
 
 TEST(IdList, GoesOverToSixtyFourBitsWithTheFirstIdThatNeedsThem) {
   IdList list;
-  list.push_back(7);
-  list.push_back(kMostNarrow + 1);
-  list.push_back(8);
+  list.add(7);
+  list.add(kMostNarrow + 1);
+  list.add(8);
   EXPECT_FALSE(isNarrow(list));
   EXPECT_EQ(valuesOf(list), (Ids{7, kMostNarrow + 1, 8}));
 }
@@ -79,7 +79,7 @@ TEST(IdList, IsEqualToTheSameIdsOfAnotherWidth) {
 TEST(IdList, ItsIteratorsWalkAtRandom) {
   IdList list;
   for (std::uint64_t id = 10; id < 15; ++id) {
-    list.push_back(id);
+    list.add(id);
   }
   const auto first = list.begin();
   const auto last = list.end();
@@ -96,7 +96,7 @@ TEST(IdList, ItsIteratorsWalkAtRandom) {
 TEST(IdSlice, IsAPartOfASharedListInItsWidth) {
   auto list = std::make_shared<IdList>();
   for (std::uint64_t id = 1; id <= 6; ++id) {
-    list->push_back(id);
+    list->add(id);
   }
   const Slice<std::uint64_t> part(std::shared_ptr<const IdList>(list), 4, 9);
   EXPECT_EQ(part.data(), nullptr);
