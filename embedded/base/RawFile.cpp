@@ -37,6 +37,9 @@ int flagsOf(RawFile::Mode mode) {
 
 constexpr mode_t kReadableByAll = 0666;  // less what the user masks
 
+/// What the disk is given at a time.
+constexpr std::uint64_t kSyncBytes = std::uint64_t{8} << 20U;
+
 }  // namespace
 
 RawFile::RawFile(const std::string& file, Mode mode, std::string shown)
@@ -85,6 +88,7 @@ void RawFile::read(std::uint64_t offset, void* bytes, std::size_t size) const {
 }
 
 void RawFile::write(std::uint64_t offset, const void* bytes, std::size_t size) {
+  const std::uint64_t begin = offset;
   const auto* next = static_cast<const char*>(bytes);
   while (size > 0) {
     const ssize_t put = ::pwrite(descriptor_, next, size, static_cast<off_t>(offset));
@@ -98,6 +102,7 @@ void RawFile::write(std::uint64_t offset, const void* bytes, std::size_t size) {
     offset += static_cast<std::uint64_t>(put);
     size -= static_cast<std::size_t>(put);
   }
+  startSync(begin, offset);
 }
 
 void RawFile::resize(std::uint64_t size) {
@@ -106,9 +111,18 @@ void RawFile::resize(std::uint64_t size) {
   }
 }
 
-void RawFile::startSync(std::uint64_t offset, std::uint64_t size) {
-  ::sync_file_range(descriptor_, static_cast<off_t>(offset), static_cast<off_t>(size),
-                    SYNC_FILE_RANGE_WRITE);
+/// In whole pieces. That it cannot be done is no error: sync() does it all.
+void RawFile::startSync(std::uint64_t begin, std::uint64_t end) {
+  if (begin != runEnd_) {
+    runBegin_ = begin;
+  }
+  runEnd_ = end;
+  const std::uint64_t whole = end - end % kSyncBytes;
+  if (whole > runBegin_) {
+    ::sync_file_range(descriptor_, static_cast<off_t>(runBegin_),
+                      static_cast<off_t>(whole - runBegin_), SYNC_FILE_RANGE_WRITE);
+    runBegin_ = whole;
+  }
 }
 
 void RawFile::sync() {

@@ -28,16 +28,13 @@ class RawFile {
   /// Number of bytes when it was asked.
   std::uint64_t size() const;
 
-  /// Copies bytes from and to a place in the file.
+  /// Copies bytes from and to a place in the file. The disk begins with what is written one after
+  /// the other a few megabytes behind, so that less is left for sync().
   void read(std::uint64_t offset, void* bytes, std::size_t size) const;
   void write(std::uint64_t offset, const void* bytes, std::size_t size);
 
   /// Cuts the file, or makes it longer by zeros.
   void resize(std::uint64_t size);
-
-  /// Lets the disk begin with part of what was written, so that less is left for sync(). That it
-  /// cannot is no error.
-  void startSync(std::uint64_t offset, std::uint64_t size);
 
   /// Returns when all that was written is on the disk.
   void sync();
@@ -47,9 +44,13 @@ class RawFile {
 
  private:
   [[noreturn]] void fail(const std::string& what) const;
+  void startSync(std::uint64_t begin, std::uint64_t end);
 
   std::string shown_;
   int descriptor_;
+  // What was written last, one after the other, and is not given to the disk yet.
+  std::uint64_t runBegin_ = 0;
+  std::uint64_t runEnd_ = 0;
 };
 
 /// Throws CaseError unless a file may be written under that name: it is free or that of a file,

@@ -19,13 +19,6 @@ using base::CaseError;
 
 // --- The file -----------------------------------------------------------------------------------
 
-namespace {
-
-/// What the disk is given at a time.
-constexpr std::uint64_t kSyncBytes = std::uint64_t{8} << 20U;
-
-}  // namespace
-
 void NewFile::requireWritten() const {
   if (!failure_.empty()) {
     throw CaseError(failure_);
@@ -61,22 +54,7 @@ void NewFile::read(std::uint64_t offset, void* bytes, std::size_t size) const {
 }
 
 bool NewFile::write(std::uint64_t offset, const void* bytes, std::size_t size) {
-  return change([&] {
-    raw_.write(offset, bytes, size);
-    startSync(offset, size);
-  });
-}
-
-void NewFile::startSync(std::uint64_t offset, std::size_t size) {
-  if (offset != runEnd_) {
-    run_ = offset;
-  }
-  runEnd_ = offset + size;
-  const std::uint64_t whole = runEnd_ - runEnd_ % kSyncBytes;
-  if (whole > run_) {
-    raw_.startSync(run_, whole - run_);
-    run_ = whole;
-  }
+  return change([&] { raw_.write(offset, bytes, size); });
 }
 
 bool NewFile::resize(std::uint64_t size) {

@@ -44,16 +44,11 @@ class NewFile {
   template <class Change>
   bool change(const Change& change);
 
-  /// Lets the disk follow a few megabytes behind what is written one after the other.
-  void startSync(std::uint64_t offset, std::size_t size);
-
   friend void writeInto(std::int64_t accessList, const std::shared_ptr<NewFile>& file);
 
   Handle driver_;  ///< HDF5 uses it until the file is closed, and keeps it not quite as long.
   base::RawFile raw_;
   bool isDropped_ = false;
-  std::uint64_t run_ = 0;  ///< From here to `runEnd_` all was written and the disk knows nothing.
-  std::uint64_t runEnd_ = 0;
   std::string failure_;
 };
 

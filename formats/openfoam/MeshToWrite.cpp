@@ -302,7 +302,7 @@ class Judge {
   void findBareCells() const {
     std::vector<char> isBounded(static_cast<std::size_t>(result_.cellCount) + 1, 0);
     const auto bare = [&isBounded] {
-      return static_cast<const char*>(std::memchr(&isBounded[1], 0, isBounded.size() - 1));
+      return static_cast<const char*>(std::memchr(isBounded.data() + 1, 0, isBounded.size() - 1));
     };
     for (const auto side : {&FaceZoneToWrite::side0, &FaceZoneToWrite::side1}) {
       for (const FaceZoneToWrite& zone : result_.faceZones) {

@@ -43,7 +43,7 @@ void setIds(Slice<std::uint64_t>& slice, std::size_t at, std::uint64_t value) {
 }
 
 Ids firstOf(const Slice<std::uint64_t>& slice, std::size_t count) {
-  return {slice.begin(), slice.begin() + count};
+  return {slice.begin(), slice.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
 /// The mesh is twoBodies(): face zones 2 "between" (1), 3 "fluid walls" (5), 4 "solid walls" (5),
