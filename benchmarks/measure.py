@@ -3,9 +3,9 @@
 
 Before each timed command what is still to be written goes to the disk, and the files that it reads
 are read once, so that they are in the page cache. Then a child of its own touches and frees memory,
-as much as the hungriest command of the group takes, with what it writes: a virtual machine gets
-memory from its host when it is first touched, and gives freed memory back after a while, and
-whichever command comes next would pay for that.
+half as much again as the hungriest command of the group takes, with what it writes: a virtual
+machine gets memory from its host when it is first touched, and gives freed memory back after a
+while, and whichever command comes next would pay for that.
 """
 
 import argparse
