@@ -9,36 +9,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "embedded/base/Room.h"
+
 namespace velto::base {
-
-/// Memory that is used again and never cleared.
-template <class Value>
-class Room {
- public:
-  /// Place for `n` values, which hold nothing yet; what it held before is void.
-  Value* take(std::size_t n) {
-    if (n > size_) {
-      release();
-      values_.reset(new Value[n]);  // NOLINT(modernize-make-unique): that would fill it with zeros.
-      size_ = n;
-    }
-    return values_.get();
-  }
-
-  void release() {
-    values_.reset();
-    size_ = 0;
-  }
-
- private:
-  std::unique_ptr<Value[]> values_;
-  std::size_t size_ = 0;
-};
 
 /// The values of a zone's elements: borrowed from their owner, in their own type or in 32 bits,
 /// held in a room where they had to be read, or one value for all of them.

@@ -9,29 +9,11 @@
 #include <string>
 
 #include "embedded/base/CaseError.h"
+#include "embedded/base/Room.h"
 
 namespace velto::base {
 
 namespace {
-
-/// A buffer that grows and is never cleared.
-template <class Value>
-class Buffer {
- public:
-  Value* room(std::size_t n) {
-    if (n > values_.size()) {
-      release();  // what it holds need not be moved
-      values_.resize(n);
-    }
-    return values_.data();
-  }
-
-  /// Gives the memory back.
-  void release() { std::vector<Value>().swap(values_); }
-
- private:
-  std::vector<Value> values_;
-};
 
 void requireAll(const std::string& what, std::size_t delivered, std::size_t n) {
   if (delivered != n) {
@@ -47,7 +29,7 @@ class MeshCopy {
   void copyCoordinates() {
     for (const int zone : begin(Family::nodeCoordinates)) {
       const std::size_t n = from_.valueCount(Family::nodeCoordinates, zone);
-      double* values = values_.room(n);
+      double* values = values_.take(n);
       requireAll(familyName(Family::nodeCoordinates, zone), from_.readCoordinates(zone, values, n),
                  n);
       to_.writeCoordinates(zone, values, n);
@@ -64,7 +46,7 @@ class MeshCopy {
         continue;
       }
       const std::size_t n = from_.countCount(family, zone);
-      short* counts = counts_.room(n);
+      short* counts = counts_.take(n);
       requireAll(familyName(family, zone), from_.readCounts(family, zone, counts, n), n);
       to_.writeCounts(family, zone, counts, n);
     }
@@ -95,7 +77,7 @@ class MeshCopy {
         continue;
       }
       const std::size_t n = from_.valueCount(Family::cellTypes, zone);
-      int* types = integers_.room(n);
+      int* types = integers_.take(n);
       requireAll(familyName(Family::cellTypes, zone), from_.readCellTypes(zone, types, n), n);
       to_.writeCellTypes(zone, types, n);
     }
@@ -105,7 +87,7 @@ class MeshCopy {
     for (const int zone : begin(Family::cellPartitions)) {
       to_.setPartitionInfo(zone, from_.partitionInfo(zone));
       const std::size_t n = from_.valueCount(Family::cellPartitions, zone);
-      int* partitions = integers_.room(n);
+      int* partitions = integers_.take(n);
       requireAll(familyName(Family::cellPartitions, zone),
                  from_.readCellPartitions(zone, partitions, n), n);
       to_.writeCellPartitions(zone, partitions, n);
@@ -118,7 +100,7 @@ class MeshCopy {
     to_.beginVariable(key, zones, valuesPerEntity);
     for (const int zone : zones) {
       const std::size_t n = from_.variableValueCount(key, zone);
-      double* values = values_.room(n);
+      double* values = values_.take(n);
       requireAll("variable " + key.name + " of zone " + std::to_string(zone),
                  from_.readVariable(key, zone, values, n), n);
       to_.writeVariable(key, zone, values, n);
@@ -142,17 +124,17 @@ class MeshCopy {
       return;
     }
     const std::size_t n = from_.valueCount(family, zone);
-    std::uint64_t* ids = ids_.room(n);
+    std::uint64_t* ids = ids_.take(n);
     requireAll(familyName(family, zone), from_.readIds(family, zone, ids, n), n);
     to_.writeIds(family, zone, ids, n);
   }
 
   MeshArrays& from_;
   MeshArraySink& to_;
-  Buffer<double> values_;
-  Buffer<std::uint64_t> ids_;
-  Buffer<int> integers_;
-  Buffer<short> counts_;
+  Room<double> values_;
+  Room<std::uint64_t> ids_;
+  Room<int> integers_;
+  Room<short> counts_;
 };
 
 /// Bytes of the values of a family.

@@ -6,9 +6,10 @@
 #include "embedded/base/zone_relations.h"
 
 #include <algorithm>
-#include <limits>
 #include <set>
 #include <utility>
+
+#include "embedded/base/id_ranges.h"
 
 namespace velto::base {
 
@@ -45,22 +46,6 @@ namespace {
 
 constexpr std::size_t kCellsAtOnce = 1024;
 
-/// Whether all cells lie in a range, in a loop without branches.
-template <class Id>
-bool liesWithin(const CellZoneRanges::Range& range, const Id* cells, std::size_t n) {
-  constexpr std::uint64_t kMost = std::numeric_limits<Id>::max();
-  if (range.first > range.last || range.first > kMost) {
-    return false;
-  }
-  const auto first = static_cast<Id>(range.first);
-  const auto length = static_cast<Id>(std::min(range.last, kMost) - range.first);
-  Id outside = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    outside |= static_cast<Id>(cells[i] - first) > length ? 1 : 0;
-  }
-  return outside == 0;
-}
-
 template <class Id>
 void relateCells(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, int side,
                  const Id* cells, std::size_t n) {
@@ -68,7 +53,7 @@ void relateCells(MeshTables& mesh, const CellZoneRanges& ranges, int faceZone, i
   CellZoneRanges::Range last{1, 0, 0};
   for (std::size_t begin = 0; begin < n; begin += kCellsAtOnce) {
     const std::size_t end = std::min(n, begin + kCellsAtOnce);
-    if (liesWithin(last, cells + begin, end - begin)) {
+    if (areWithin(last.first, last.last, cells + begin, end - begin)) {
       continue;
     }
     for (std::size_t i = begin; i < end; ++i) {

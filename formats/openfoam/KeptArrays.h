@@ -8,31 +8,27 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <vector>
 
+#include "embedded/memory/IdList.h"
 #include "embedded/memory/ZoneList.h"
 
 namespace velto::openfoam {
 
-/// Ids of one zone: in 32 bits where all of them fit, else in 64. Their range is known.
+/// Ids of one zone, whose range is known.
 class KeptIds {
  public:
   KeptIds() = default;
   KeptIds(const std::uint64_t* ids, std::size_t n);
 
-  std::size_t size() const { return size_; }
-  std::uint64_t operator[](std::uint64_t i) const {
-    const auto place = static_cast<std::size_t>(i);
-    return narrow_ != nullptr ? narrow_[place] : wide_[place];
-  }
+  std::size_t size() const { return ids_.size(); }
+  std::uint64_t operator[](std::uint64_t i) const { return ids_[static_cast<std::size_t>(i)]; }
 
   /// Calls `use` with the ids as they are kept: const std::uint32_t* or const std::uint64_t*.
   template <class Use>
   auto with(const Use& use) const {
-    return narrow_ != nullptr ? use(static_cast<const std::uint32_t*>(narrow_.get()))
-                              : use(static_cast<const std::uint64_t*>(wide_.get()));
+    return ids_.visit([&use](const auto* ids, std::size_t) { return use(ids); });
   }
 
   /// Without ids the least one is above the greatest.
@@ -40,12 +36,7 @@ class KeptIds {
   std::uint64_t greatest() const { return greatest_; }
 
  private:
-  bool keepNarrow(const std::uint64_t* ids);
-  void keepWide(const std::uint64_t* ids);
-
-  std::unique_ptr<std::uint32_t[]> narrow_;
-  std::unique_ptr<std::uint64_t[]> wide_;
-  std::size_t size_ = 0;
+  memory::IdList ids_;
   std::uint64_t least_ = std::numeric_limits<std::uint64_t>::max();
   std::uint64_t greatest_ = 0;
 };

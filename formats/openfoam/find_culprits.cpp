@@ -8,12 +8,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <map>
 #include <optional>
 #include <tuple>
-#include <type_traits>
 
+#include "embedded/base/id_ranges.h"
 #include "formats/openfoam/Culprits.h"
 #include "formats/openfoam/zone_layout.h"
 
@@ -25,18 +24,10 @@ using Texts = std::vector<std::string>;
 
 std::string text(std::uint64_t number) { return std::to_string(number); }
 
-/// Whether one of the first `count` ids is none of 1 to `most`, in a loop without branches.
-bool isAnyOutside(const memory::IdList& ids, std::size_t count, std::uint64_t most) {
-  return ids.visit([&](const auto* held, std::size_t) {
-    using Id = std::decay_t<decltype(*held)>;
-    const auto limit =
-        static_cast<Id>(std::min<std::uint64_t>(most, std::numeric_limits<Id>::max()));
-    Id outside = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-      outside |= static_cast<Id>(held[i] - 1) >= limit ? 1 : 0;
-    }
-    return outside != 0;
-  });
+/// Whether the first `count` ids are all of 1 to `most`.
+bool areOfMesh(const memory::IdList& ids, std::size_t count, std::uint64_t most) {
+  return ids.visit(
+      [&](const auto* held, std::size_t) { return base::areWithin(1, most, held, count); });
 }
 
 /// A sum of finite coordinates is finite, or overflows for coordinates that are no lengths.
@@ -78,7 +69,7 @@ void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
   small.appendTo(warnings);
 
   const std::uint64_t nodes = mesh.points.size() / 3;
-  if (!isAnyOutside(mesh.faceNodeIds, mesh.faceNodeIds.size(), nodes)) {
+  if (areOfMesh(mesh.faceNodeIds, mesh.faceNodeIds.size(), nodes)) {
     return;
   }
   Culprits outside(mesh.facesFile, "node labels out of range");
@@ -101,7 +92,7 @@ void judgeFaceNodes(const PolyMesh& mesh, Texts& warnings) {
 
 void judgeCellLabels(const std::string& file, const memory::IdList& labels, std::size_t count,
                      std::uint64_t cells, Texts& warnings) {
-  if (!isAnyOutside(labels, count, cells)) {
+  if (areOfMesh(labels, count, cells)) {
     return;
   }
   Culprits outside(file, "cell labels out of range");
