@@ -60,6 +60,11 @@ struct MeshToWrite {
   /// The place in `faceZones` of the zone that holds a face.
   std::size_t zoneOf(std::uint64_t face) const;
 
+  /// The place of one of the zones in `faceZones`.
+  std::size_t placeOf(const FaceZoneToWrite& zone) const {
+    return static_cast<std::size_t>(&zone - faceZones.data());
+  }
+
   /// The three coordinates of a node.
   const double* pointOf(std::uint64_t node) const;
 };

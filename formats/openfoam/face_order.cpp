@@ -73,7 +73,7 @@ void FaceOrder::keepStarts(const FaceZoneToWrite& zone) {
     return;
   }
   starts_.resize(mesh_.faceZones.size());
-  auto& starts = starts_[static_cast<std::size_t>(&zone - mesh_.faceZones.data())];
+  auto& starts = starts_[mesh_.placeOf(zone)];
   starts.reserve(static_cast<std::size_t>(zone.count));
   std::uint64_t start = 0;
   for (std::uint64_t i = 0; i < zone.count; ++i) {

@@ -75,8 +75,7 @@ class FaceOrder {
 
   std::uint64_t startOf(const FaceZoneToWrite& zone, std::uint64_t index) const {
     return zone.uniform != 0 ? index * zone.uniform
-                             : starts_[static_cast<std::size_t>(&zone - mesh_.faceZones.data())]
-                                      [static_cast<std::size_t>(index)];
+                             : starts_[mesh_.placeOf(zone)][static_cast<std::size_t>(index)];
   }
 
   bool isInternalInOrder() const;

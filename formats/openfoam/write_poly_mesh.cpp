@@ -194,7 +194,7 @@ class FolderWriter {
     file.begin("labelList", note());
     if (file.beginList(order_.size())) {
       for (const FaceRun& run : order_.runs()) {
-        writeCells(file, run, run.isPlain() ? run.zone->side0 : nullptr,
+        writeCells(file, run, &FaceZoneToWrite::side0,
                    [](const PlacedFace& face) { return face.owner(); });
       }
       file.out().put(')');
@@ -208,7 +208,7 @@ class FolderWriter {
     if (file.beginList(mesh_.internalCount)) {
       for (const FaceRun& run : order_.runs()) {
         if (run.first < mesh_.internalCount) {
-          writeCells(file, run, run.isPlain() ? run.zone->side1 : nullptr,
+          writeCells(file, run, &FaceZoneToWrite::side1,
                      [](const PlacedFace& face) { return face.neighbour(); });
         }
       }
@@ -217,12 +217,12 @@ class FolderWriter {
     file.close();
   }
 
-  /// The cells `plain` of a run that can be written as it stands, else `cellOf` each face.
+  /// The cells on a side of a run that can be written as it stands, else `cellOf` each face.
   template <class CellOf>
-  void writeCells(MeshFile& file, const FaceRun& run, const KeptIds* plain,
+  void writeCells(MeshFile& file, const FaceRun& run, const KeptIds* FaceZoneToWrite::*side,
                   const CellOf& cellOf) const {
     if (run.isPlain()) {
-      writeIds(file, plain);
+      writeIds(file, run.zone->*side);
     } else {
       FaceWalk walk(order_, run);
       file.labelEntries(run.count,
@@ -276,6 +276,7 @@ class FolderWriter {
   }
 
   void writeFaceZones() const {
+    const std::vector<std::uint64_t> firsts = firstLabels();
     const auto entries = sortedEntries();
     MeshFile file(settings_, "faceZones");
     file.begin("regIOobject");
@@ -285,7 +286,7 @@ class FolderWriter {
       const std::uint64_t count = faceCount(zone);
       if (file.beginList(count)) {
         for (const std::size_t place : zone.zones) {
-          writeFaceLabels(file, place, entries[place]);
+          writeFaceLabels(file, mesh_.faceZones[place].count, firsts[place], entries[place]);
         }
         file.out().put(')');
       }
@@ -312,15 +313,25 @@ class FolderWriter {
     return count;
   }
 
-  /// Labels of the faces of a zone: one behind the other where the zone is written as it stands.
-  void writeFaceLabels(MeshFile& file, std::size_t place,
-                       const std::vector<std::uint64_t>& entries) const {
+  /// Of each zone that is written as it stands, by its place: the label of its first face.
+  std::vector<std::uint64_t> firstLabels() const {
+    std::vector<std::uint64_t> firsts(mesh_.faceZones.size());
     for (const FaceRun& run : order_.runs()) {
-      if (run.zone == &mesh_.faceZones[place]) {
-        file.labelEntries(run.count, [&run](std::uint64_t i) { return run.first + i; });
+      if (run.zone != nullptr) {
+        firsts[mesh_.placeOf(*run.zone)] = run.first;
       }
     }
-    file.labelEntries(entries.size(), [&entries](std::uint64_t i) { return entries[i] / 2; });
+    return firsts;
+  }
+
+  /// Labels of the faces of a zone: from `first` on where it is written as it stands.
+  static void writeFaceLabels(MeshFile& file, std::uint64_t count, std::uint64_t first,
+                              const std::vector<std::uint64_t>& entries) {
+    if (entries.empty()) {
+      file.labelEntries(count, [first](std::uint64_t i) { return first + i; });
+    } else {
+      file.labelEntries(count, [&entries](std::uint64_t i) { return entries[i] / 2; });
+    }
   }
 
   /// Of each zone that is part of a face zone, if internal faces had to be sorted: the labels of
@@ -337,7 +348,7 @@ class FolderWriter {
     }
     std::uint64_t label = 0;
     forEachFace(order_.runs().front(), [&](const PlacedFace& face) {
-      auto& held = entries[static_cast<std::size_t>(face.zone - mesh_.faceZones.data())];
+      auto& held = entries[mesh_.placeOf(*face.zone)];
       if (!held.empty()) {
         held[static_cast<std::size_t>(face.index)] = 2 * label + (face.isFlipped ? 1 : 0);
       }
