@@ -245,7 +245,8 @@ TEST(DefectList, HasNoNameTwiceAndDamagesKnownSamples) {
 
 // --- The catalogue of messages ------------------------------------------------------------------
 
-/// One entry of the page: its message, "<...>" standing for any text, and all that is said of it.
+/// One entry of the page: its message, "<...>" standing for any text, and all that is said of it,
+/// each field in a line.
 struct Entry {
   std::string message;
   bool isError = false;
@@ -264,7 +265,11 @@ std::vector<Entry> entriesOfPage() {
       isInEntry = false;
     } else if (isInEntry) {
       Entry& entry = entries.back();
-      entry.isError = entry.isError || line.compare(0, 6, "error,") == 0;
+      entry.isError = entry.isError || line.find("`, error, `") != std::string::npos;
+      if (line.compare(0, 2, "  ") == 0) {
+        entry.body.pop_back();
+        line.erase(0, 1);
+      }
       entry.body += line + "\n";
     }
   }
@@ -333,36 +338,60 @@ const std::set<std::string>& notFromACase() {
   return kMessages;
 }
 
-/// What a resolver of physics regions says depends on what a program asks it, and a copier's lines
-/// come only where somebody copies the case.
+/// What a resolver of physics regions says depends on what a program asks it, a copier's lines come
+/// only where somebody copies the case, and the command line speaks of what is no case.
 bool isOfAnotherTool(const Entry& entry) {
   return entry.body.find("`physics_regions/") != std::string::npos ||
-         entry.body.find("`copier/") != std::string::npos;
+         entry.body.find("`copier/") != std::string::npos ||
+         entry.body.find("`orv/") != std::string::npos;
 }
 
-std::string seeItIn(const std::string& name) {
-  const std::string write = "See it: `orv sample --defect " + name + " FILE`";
-  return samples::findDefect(name)->checkLevel == 2 ? write + ", `orv check --level 2 FILE`.\n"
-                                                    : write + ".\n";
+/// The defects that show a message.
+std::vector<const Defect*> defectsFor(const Entry& entry) {
+  const auto beside = besideOthers().find(entry.message);
+  if (beside != besideOthers().end()) {
+    return {samples::findDefect(beside->second)};
+  }
+  std::vector<const Defect*> shown;
+  for (const Defect& defect : samples::defects()) {
+    if (isOf(defect, entry)) {
+      shown.push_back(&defect);
+    }
+  }
+  return shown;
 }
 
-/// Of several that differ in what stands for "<...>", the first.
-TEST(MessagesPage, NamesADefectForEachMessageThatACaseCanProvoke) {
+/// The commands that write cases with these defects and check them, as the page has them.
+std::string commandsFor(const std::vector<const Defect*>& shown) {
+  const std::vector<std::string> files = {" FILE", " OTHER"};
+  std::string commands;
+  std::string check = "`orv check";
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    commands += std::string("`orv sample --defect ") + shown[i]->name + files.at(i) + "`, ";
+    check += (i == 0 && shown[i]->checkLevel == 2 ? " --level 2" : "") + files.at(i);
+  }
+  return commands + check + "`";
+}
+
+/// What stands behind "See it", if it shows a defect.
+std::string seeItOf(const Entry& entry) {
+  const std::string label = "\n- **See it**: ";
+  const std::size_t start = entry.body.find(label + "`orv sample --defect ");
+  if (start == std::string::npos) {
+    return "";
+  }
+  const std::size_t text = start + label.size();
+  return entry.body.substr(text, entry.body.find('\n', text) - text);
+}
+
+TEST(MessagesPage, NamesTheDefectsForEachMessageThatACaseCanProvoke) {
   const std::vector<Entry> entries = entriesOfPage();
   ASSERT_FALSE(entries.empty());
   for (const Entry& entry : entries) {
-    const auto beside = besideOthers().find(entry.message);
-    std::string seeIt = beside == besideOthers().end() ? "" : seeItIn(beside->second);
-    for (const Defect& defect : samples::defects()) {
-      if (seeIt.empty() && isOf(defect, entry)) {
-        seeIt = seeItIn(defect.name);
-      }
-    }
-    EXPECT_EQ(seeIt.empty(), notFromACase().count(entry.message) == 1 || isOfAnotherTool(entry))
+    const std::vector<const Defect*> shown = defectsFor(entry);
+    EXPECT_EQ(shown.empty(), notFromACase().count(entry.message) == 1 || isOfAnotherTool(entry))
         << entry.message;
-    const std::size_t named = entry.body.find("See it:");
-    EXPECT_EQ(named == std::string::npos ? "" : entry.body.substr(named, seeIt.size()), seeIt)
-        << entry.message;
+    EXPECT_EQ(seeItOf(entry), shown.empty() ? "" : commandsFor(shown)) << entry.message;
   }
 }
 
