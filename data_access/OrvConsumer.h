@@ -45,7 +45,8 @@ class OrvConsumer : public virtual OrvBase {
   /// the call. Declared const as the setters of face zones are.
   void setLocationModel(const OrvLocationModel* model) const;
 
-  // --- Writing brackets and settings ------------------------------------------------------------
+  /// @name Writing brackets and settings
+  /// @{
 
   /// Writes settings that every case has, each as key and value: "Time", "Source Format",
   /// "Destination Format".
@@ -56,6 +57,8 @@ class OrvConsumer : public virtual OrvBase {
   virtual void setMode(int mode) = 0;
   /// Compression of what will be written: 0 for none, 1 to 9 from fast to small.
   virtual void setCompression(unsigned int level) = 0;
+  /// Opens the class for writing, under the name that OrvFileIO::setFileName gave it. The results
+  /// follow their case, on the same object or on one of their own.
   virtual void startWriting(OrvDataClass dataClass) = 0;
   /// Closes the class. A file takes its final name here and not before.
   virtual void endWriting(OrvDataClass dataClass) = 0;
@@ -70,8 +73,12 @@ class OrvConsumer : public virtual OrvBase {
   /// beginVariable.
   virtual void writeElemIds(int zoneId, const std::size_t* ids, std::size_t count) = 0;
 
-  // --- Nodes ------------------------------------------------------------------------------------
+  /// @}
+  /// @name Nodes
+  /// @{
 
+  /// A bracket around the nodes, or around their coordinates; `zoneIds` are the zones that will be
+  /// written in it.
   virtual void beginNodes(const std::vector<int>& zoneIds) = 0;
   virtual void beginNodeCoordinates(const std::vector<int>& zoneIds) = 0;
   /// Coordinates of one zone, node after node, `n` values in all.
@@ -79,8 +86,12 @@ class OrvConsumer : public virtual OrvBase {
   virtual void endNodeCoordinates() = 0;
   virtual void endNodes() = 0;
 
-  // --- Faces ------------------------------------------------------------------------------------
+  /// @}
+  /// @name Faces
+  /// @{
 
+  /// A bracket around the faces, around a family of theirs, or around its counts or ids; `zoneIds`
+  /// are the zones that will be written in it.
   virtual void beginFaces(const std::vector<int>& zoneIds) = 0;
   virtual void beginFaceNodes(const std::vector<int>& zoneIds) = 0;
   virtual void beginFaceNodeCounts() = 0;
@@ -95,70 +106,94 @@ class OrvConsumer : public virtual OrvBase {
   virtual void endFaceNodeIds() = 0;
   virtual void endFaceNodes() = 0;
   virtual void beginFaceCell0(const std::vector<int>& zoneIds) = 0;
-  /// One cell id a face, 0 for none.
+  /// The cells on side 0: one id a face, 0 for none.
   virtual void writeFaceCell0(int zoneId, const std::uint64_t* cellIds, std::size_t n) = 0;
   virtual void endFaceCell0() = 0;
   virtual void beginFaceCell1(const std::vector<int>& zoneIds) = 0;
+  /// The cells on side 1: one id a face, 0 for none.
   virtual void writeFaceCell1(int zoneId, const std::uint64_t* cellIds, std::size_t n) = 0;
   virtual void endFaceCell1() = 0;
   virtual void endFaces() = 0;
 
-  // --- Cells ------------------------------------------------------------------------------------
+  /// @}
+  /// @name Cells
+  /// @{
 
+  /// A bracket around the cells, around a family of theirs, or around its counts or ids; `zoneIds`
+  /// are the zones that will be written in it.
   virtual void beginCells(const std::vector<int>& zoneIds) = 0;
   /// `uniformTypes` has an entry for each listed zone: the one type of all its cells, or 0 if
   /// writeCellTypes will follow for it.
   virtual void beginCellTypes(const std::vector<int>& zoneIds,
                               const std::vector<int>& uniformTypes) = 0;
+  /// One type a cell, in the numbers of OrvProvider::readCellTypes.
   virtual void writeCellTypes(int zoneId, const int* types, std::size_t n) = 0;
   virtual void endCellTypes() = 0;
   virtual void beginCellNodes(const std::vector<int>& zoneIds) = 0;
   virtual void beginCellNodeCounts() = 0;
+  /// One count a cell.
   virtual void writeCellNodeCounts(int zoneId, const short* counts, std::size_t n) = 0;
+  /// All cells of the zone have `count` nodes.
   virtual void writeUniformCellNodeCount(int zoneId, short count) = 0;
   virtual void endCellNodeCounts() = 0;
   virtual void beginCellNodeIds() = 0;
+  /// The zone's connectivity list, as OrvProvider::readCellNodeIds gives it.
   virtual void writeCellNodeIds(int zoneId, const std::uint64_t* ids, std::size_t n) = 0;
   virtual void endCellNodeIds() = 0;
   virtual void endCellNodes() = 0;
   /// `partitionInfo` is what OrvProvider::getCellPartitionInfo gave for the first zone.
   virtual void beginCellPartitions(const std::vector<int>& zoneIds, int partitionInfo) = 0;
+  /// One integer a cell: the partition that it is meant for.
   virtual void writeCellPartitions(int zoneId, const int* partitions, std::size_t n) = 0;
   virtual void endCellPartitions() = 0;
   virtual void endCells() = 0;
 
-  // --- Field data -------------------------------------------------------------------------------
-  //
-  //     beginPhase(phase)                          once for each category that has variables
-  //       addVariable, setVariableAttribute        for each variable
-  //       declareVariables(category, names, ids)
-  //       beginVariableZones(category)             for each variable that has zones
-  //         writeElemIds
-  //         beginVariable, writeVariable, endVariable
-  //       endVariableZones()
-  //     endPhase()
+  /// @}
+  /// @name Field data
+  ///
+  ///     beginPhase(phase)                          once for each category that has variables
+  ///       addVariable, setVariableAttribute        for each variable
+  ///       declareVariables(category, names, ids)
+  ///       beginVariableZones(category)             for each variable that has zones
+  ///         writeElemIds
+  ///         beginVariable, writeVariable, endVariable
+  ///       endVariableZones()
+  ///     endPhase()
+  ///
+  /// @{
 
   /// Registers phases and fills `phaseIds`, which comes in empty, with an id for each name, in the
   /// order of the names.
   virtual void addPhases(const std::vector<std::string>& names, std::vector<short>& phaseIds) = 0;
+  /// Stores an attribute of a phase; one of that name gets the new value.
   virtual void setPhaseAttribute(short phaseId, const std::string& name,
                                  const std::string& value) = 0;
+  /// Opens a phase: the variables that follow are its own.
   virtual void beginPhase(short phaseId) = 0;
   /// Registers a variable of the open phase and gives its id; a name that is known keeps its id.
   virtual void addVariable(const std::string& name, int& variableId) = 0;
   /// Names the variables of a category and gives their ids, position by position.
   virtual void declareVariables(OrvZoneCategory category, const std::vector<std::string>& names,
                                 const std::vector<int>& variableIds) = 0;
+  /// Opens the zones of one variable, all of one category.
   virtual void beginVariableZones(OrvZoneCategory category) = 0;
+  /// Stores an attribute of a variable; one of that name gets the new value.
   virtual void setVariableAttribute(int variableId, const std::string& name,
                                     const std::string& value) = 0;
+  /// Opens the values of a variable, one of those that were declared: in `zoneIds`, with
+  /// `valuesPerEntity` values an element, 1 for a scalar and 3 for a vector in space.
   virtual void beginVariable(OrvZoneCategory category, const std::string& name,
                              const std::vector<int>& zoneIds, std::size_t valuesPerEntity) = 0;
   /// The values of one zone, element after element, `n` in all.
   virtual void writeVariable(int zoneId, const double* values, std::size_t n) = 0;
+  /// Closes what beginVariable opened.
   virtual void endVariable() = 0;
+  /// Closes what beginVariableZones opened.
   virtual void endVariableZones() = 0;
+  /// Closes the phase, which may be opened again for another category.
   virtual void endPhase() = 0;
+
+  /// @}
 
  protected:
   OrvConsumer() = default;

@@ -15,8 +15,9 @@ namespace velto {
 /// An OrvConsumer with files behind it, named by setFileName. Deleted through OrvFileIO.
 class OrvFileConsumer : public OrvConsumer, public OrvFileIO {
  public:
-  /// Stores a text about a phase that addPhases gave, and about a variable that addVariable gave.
+  /// Stores a text for people about a phase, by the id that addPhases gave it.
   virtual void setPhaseDescription(short phaseId, const std::string& text) = 0;
+  /// Stores a text for people about a variable, by the id that addVariable gave it.
   virtual void setVariableDescription(int variableId, const std::string& text) = 0;
 };
 

@@ -20,8 +20,9 @@ class OrvFileProvider : public OrvProvider, public OrvFileIO {
   /// are opened after their case, on the same object; if they cannot be read the case stays open.
   virtual bool startReading(const std::string& fileName, OrvDataClass dataClass) = 0;
 
-  /// A text about a phase, and about a variable; false, with `text` left alone, if there is none.
+  /// A text for people about a phase; false, with `text` left alone, if there is none.
   virtual bool getPhaseDescription(short phaseId, std::string& text) = 0;
+  /// A text for people about a variable; false, with `text` left alone, if there is none.
   virtual bool getVariableDescription(int variableId, std::string& text) = 0;
 };
 

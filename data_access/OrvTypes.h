@@ -37,9 +37,9 @@ enum OrvTargetCategory : int {
 
 /// Kinds of zone. The value 1 is not in use.
 enum OrvZoneCategory : int {
-  zoneCategoryNode = 0,
-  zoneCategoryFace = 2,
-  zoneCategoryCell = 3,
+  zoneCategoryNode = 0,  ///< Nodes, with their coordinates.
+  zoneCategoryFace = 2,  ///< Faces: inside a body, between bodies, or on the boundary.
+  zoneCategoryCell = 3,  ///< Cells: what the faces enclose, areas in two dimensions.
 };
 
 /// Keys of OrvBase::getMeshSize and setMeshSize.

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+/// What a data-access library offers beside its classes.
 namespace velto::OrvUtilities {  // NOLINT(readability-identifier-naming): given.
 
 /// Splits `text` at each `separator` and appends the pieces to `parts`, in order. With `flag` true

@@ -21,11 +21,22 @@ class OrvVariant {
 
   /// Nothing: isValid() is false.
   OrvVariant();
+
+  /// @name Copies
+  /// @{
+
+  /// A copy shares nothing with its original; what was moved from is nothing.
   OrvVariant(const OrvVariant& other);
   OrvVariant(OrvVariant&& other) noexcept;
   OrvVariant& operator=(const OrvVariant& other);
   OrvVariant& operator=(OrvVariant&& other) noexcept;
+
+  /// @}
+
   ~OrvVariant();
+
+  /// @name What it is
+  /// @{
 
   /// False if nothing stands at the path that this came from.
   bool isValid() const;
@@ -39,6 +50,8 @@ class OrvVariant {
 
   /// The same as asStringVector(), for lists of object names.
   operator std::vector<std::string>() const;  // NOLINT(google-explicit-constructor): given.
+
+  /// @}
 
  private:
   std::unique_ptr<State> state_;

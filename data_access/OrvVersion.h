@@ -11,9 +11,15 @@ namespace velto {
 /// may hold things that the library does not know. Defined by the data-access library.
 class OrvVersion {
  public:
+  /// @name The version that is supported
+  /// @{
+
+  /// One of its three numbers, in the order of OrvFileIO::getFileVersion.
   static unsigned int getMajor();
   static unsigned int getMinor();
   static unsigned int getPatch();
+
+  /// @}
 };
 
 }  // namespace velto

@@ -54,6 +54,7 @@ class ZoneBuffer {
 
   /// Null if there is no value.
   Value* data() { return values_; }
+  /// Number of values, as the constructor was told.
   std::size_t size() const { return size_; }
 
  private:

@@ -15,28 +15,40 @@ namespace velto {
 
 /// What opens a family, filling the list of the zones that carry it, and what closes it.
 struct ReadFamily {
+  /// Opens the family and replaces `zoneIds` by the zones that carry it.
   void (OrvProvider::*begin)(std::vector<int>& zoneIds);
+  /// Closes the family.
   void (OrvProvider::*end)();
 };
 
 /// A family whose elements list ids: first how many each, one number for a whole zone or one an
 /// element, then the lists of a zone one after the other.
 struct CountedReadFamily : ReadFamily {
+  /// Opens the counts, before the ids.
   void (OrvProvider::*beginCounts)();
+  /// True, and the count, if all elements of the zone have one.
   bool (OrvProvider::*getUniformCount)(int zoneId, short& count);
+  /// One count an element of the zone, `n` in all.
   void (OrvProvider::*readCounts)(int zoneId, short* counts, std::size_t n);
+  /// Closes the counts.
   void (OrvProvider::*endCounts)();
+  /// Opens the ids.
   void (OrvProvider::*beginIds)();
+  /// The zone's list, `n` ids in all: uniformListLength or summedListLength tells how many.
   void (OrvProvider::*readIds)(int zoneId, std::uint64_t* ids, std::size_t n);
+  /// Closes the ids.
   void (OrvProvider::*endIds)();
 };
 
 /// One side of the faces: a cell id a face, of one face or of all faces of a zone.
 struct SideReadFamily : ReadFamily {
+  /// The cell beside one face, by the id of the face.
   std::uint64_t (OrvProvider::*getCell)(std::uint64_t faceId);
+  /// The cells beside all faces of a zone.
   void (OrvProvider::*readCells)(int zoneId, std::uint64_t* cellIds, std::size_t n);
 };
 
+/// The nodes of faces, in loop order.
 inline constexpr CountedReadFamily kFaceNodes = {
     {&OrvProvider::beginFaceNodes, &OrvProvider::endFaceNodes},
     &OrvProvider::beginFaceNodeCounts,
@@ -47,6 +59,7 @@ inline constexpr CountedReadFamily kFaceNodes = {
     &OrvProvider::readFaceNodeIds,
     &OrvProvider::endFaceNodeIds};
 
+/// The nodes of cells.
 inline constexpr CountedReadFamily kCellNodes = {
     {&OrvProvider::beginCellNodes, &OrvProvider::endCellNodes},
     &OrvProvider::beginCellNodeCounts,
@@ -57,6 +70,7 @@ inline constexpr CountedReadFamily kCellNodes = {
     &OrvProvider::readCellNodeIds,
     &OrvProvider::endCellNodeIds};
 
+/// The faces of cells that list their own.
 inline constexpr CountedReadFamily kCellFaces = {
     {&OrvProvider::beginCellFaces, &OrvProvider::endCellFaces},
     &OrvProvider::beginCellFaceCounts,
@@ -67,10 +81,12 @@ inline constexpr CountedReadFamily kCellFaces = {
     &OrvProvider::readCellFaceIds,
     &OrvProvider::endCellFaceIds};
 
+/// The cells on side 0 of faces.
 inline constexpr SideReadFamily kFaceCell0 = {
     {&OrvProvider::beginFaceCell0, &OrvProvider::endFaceCell0},
     &OrvProvider::getFaceCell0,
     &OrvProvider::readFaceCell0};
+/// The cells on side 1 of faces.
 inline constexpr SideReadFamily kFaceCell1 = {
     {&OrvProvider::beginFaceCell1, &OrvProvider::endFaceCell1},
     &OrvProvider::getFaceCell1,

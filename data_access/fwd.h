@@ -5,6 +5,7 @@
 #ifndef VELTO_DATA_ACCESS_FWD_H
 #define VELTO_DATA_ACCESS_FWD_H
 
+/// The tools, the contract, and what the tools share.
 namespace velto {
 
 class OrvBase;

@@ -33,7 +33,13 @@ inline int zoneOfSide(int zoneSide) { return zoneSide < 0 ? side1Of(zoneSide) : 
 // --- Places -------------------------------------------------------------------------------------
 
 /// Kinds of objects that a name in a location can stand for.
-enum class PlaceKind { none, body, composite, face, faceUse };
+enum class PlaceKind {
+  none,       ///< No part knows the name.
+  body,       ///< The place of domains and subdomains.
+  composite,  ///< Several objects under one name, in any location.
+  face,       ///< A face with both sides, which is no place of anything.
+  faceUse,    ///< The place of boundaries.
+};
 
 /// The word for a kind; empty for `none`.
 inline const char* wordOf(PlaceKind kind) {
@@ -52,18 +58,22 @@ inline const char* wordOf(PlaceKind kind) {
   return "";
 }
 
+/// An object of a location model.
 struct Place {
-  PlaceKind kind = PlaceKind::none;
-  int id = 0;
+  PlaceKind kind = PlaceKind::none;  ///< Which of the lists of a part it stands in.
+  int id = 0;                        ///< The model's id of it; 0 for none.
+};
+
+/// A kind, and the operation of a location model that looks for it.
+struct PlaceQuery {
+  PlaceKind kind;  ///< What `find` finds.
+  /// True, and the id, if the part holds an object of the kind and that name.
+  bool (OrvLocationModel::*find)(int partId, const std::string& name, int& id) const;
 };
 
 /// Names are unique within a kind only, so that the order in which the kinds are tried decides. The
 /// first kind is the one that a location is about, composites stand for several such objects, and
 /// the others have no business there.
-struct PlaceQuery {
-  PlaceKind kind;
-  bool (OrvLocationModel::*find)(int partId, const std::string& name, int& id) const;
-};
 using PlaceOrder = std::array<PlaceQuery, 4>;
 
 /// For domains and subdomains.

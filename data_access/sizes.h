@@ -11,12 +11,14 @@
 
 namespace velto {
 
+/// One size of the selected mesh.
 inline std::uint64_t meshSizeOf(const OrvBase& source, OrvMeshSizeType key) {
   std::uint64_t size = 0;
   source.getMeshSize(key, size);
   return size;
 }
 
+/// An id, the count or the dimension of a zone of the selected mesh.
 inline std::uint64_t zoneSizeOf(const OrvBase& source, int zone, OrvZoneSizeType key) {
   std::uint64_t size = 0;
   source.getZoneSizeInfo(zone, key, size);

@@ -114,17 +114,19 @@ class CaseConsumer : public OrvFileConsumer {
   /// Where the arrays of a mesh go. Called for each array; throws CaseError if it cannot be had.
   virtual MeshArraySink& sink(const MeshKey& key) = 0;
 
-  /// Writing of a class begins, and is complete: the tables are final then. Throw CaseError.
+  /// Writing of a class begins. Throws CaseError if it cannot.
   virtual void open(OrvDataClass dataClass) = 0;
+  /// Writing of a class is complete, and the tables are final. Throws CaseError.
   virtual void finish(OrvDataClass dataClass) = 0;
 
   /// Writing failed; what was begun is dropped.
   virtual void abandon() {}
 
-  /// The file that setFileName gave for a class, and the mode and the compression that were asked
-  /// for.
+  /// The file that setFileName gave for a class; empty if it gave none.
   const std::string& fileName(OrvDataClass dataClass) { return fileNames_[dataClass]; }
+  /// What setMode asked for, 0 if it was not called.
   int mode() const { return mode_; }
+  /// What setCompression asked for, 0 if it was not called.
   unsigned int compression() const { return compression_; }
 
  private:

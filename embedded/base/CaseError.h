@@ -7,6 +7,9 @@
 
 #include <stdexcept>
 
+/// What every case has in the embedded library: tables, arrays, and the protocol of the contract
+/// over them. A data source of one's own derives from CaseProvider and brings CaseTables and
+/// MeshArrays.
 namespace velto::base {
 
 /// Thrown inside the embedded library and the formats; what() is one line that names the file, the

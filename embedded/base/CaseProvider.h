@@ -26,6 +26,7 @@ namespace velto::base {
 /// rest of the caller's buffer as it was.
 class CaseProvider : public OrvFileProvider {
  public:
+  /// The arrays of each mesh, target and partition; never null.
   using ArraysByMesh = std::map<MeshKey, std::shared_ptr<MeshArrays>>;
 
   bool startReading(const std::string& fileName, OrvDataClass dataClass) override;

@@ -25,16 +25,22 @@ namespace velto::base {
 
 /// Which mesh the tables speak of. A partition of -1 stands for "no partition".
 struct MeshKey {
-  int mesh = 1;
-  OrvTargetCategory target = targetRestart;
-  int partition = -1;
+  int mesh = 1;                              ///< A mesh id.
+  OrvTargetCategory target = targetRestart;  ///< The kind of mesh.
+  int partition = -1;                        ///< A partition id.
 
+  /// @name Comparison
+  /// @{
+
+  /// By mesh id, then target, then partition.
   friend bool operator<(const MeshKey& a, const MeshKey& b) {
     return std::tie(a.mesh, a.target, a.partition) < std::tie(b.mesh, b.target, b.partition);
   }
   friend bool operator==(const MeshKey& a, const MeshKey& b) {
     return std::tie(a.mesh, a.target, a.partition) == std::tie(b.mesh, b.target, b.partition);
   }
+
+  /// @}
 };
 
 /// The size of a mesh that counts the elements of a category.
@@ -54,10 +60,10 @@ struct ZoneRecord {
 
 /// One mesh: its sizes and zones.
 struct MeshTables {
-  std::array<std::optional<std::uint64_t>, 5> sizes;  ///< By OrvMeshSizeType.
-  std::optional<std::string> units;
-  std::map<OrvZoneCategory, std::vector<int>> zoneIds;
-  std::unordered_map<int, ZoneRecord> zones;
+  std::array<std::optional<std::uint64_t>, 5> sizes;    ///< By OrvMeshSizeType.
+  std::optional<std::string> units;                     ///< Of length, such as "m".
+  std::map<OrvZoneCategory, std::vector<int>> zoneIds;  ///< The zones that are declared, in order.
+  std::unordered_map<int, ZoneRecord> zones;            ///< By zone id, declared or not.
 
   /// The ids of a category, in their order.
   const std::vector<int>& idsOf(OrvZoneCategory category) const;
@@ -70,34 +76,42 @@ struct MeshTables {
   ZoneRecord& addZone(OrvZoneCategory category, int zoneId, const std::string& name,
                       std::uint64_t count);
 
-  /// The value of a size, 0 if it was never set; of a mesh and of a zone.
+  /// A size of the mesh, 0 if it was never set.
   std::uint64_t size(OrvMeshSizeType key) const;
+  /// A number of a zone, 0 if it was never set.
   std::uint64_t zoneSize(int zoneId, OrvZoneSizeType key) const;
 };
 
+/// Names and values, in order.
 using Attributes = std::vector<std::pair<std::string, std::string>>;
 
 /// A phase of the results.
 struct Phase {
-  short id = 0;
-  std::optional<std::string> name;
-  std::optional<std::string> description;
-  Attributes attributes;
+  short id = 0;                            ///< From 1 on where a consumer gave it.
+  std::optional<std::string> name;         ///< A copy carries only phases that have one.
+  std::optional<std::string> description;  ///< A text for people.
+  Attributes attributes;                   ///< What else is said of it.
 };
 
 /// A variable of the results; where it has values is told by the arrays.
 struct Variable {
-  int id = 0;
-  std::string name;
-  std::optional<std::string> description;
-  Attributes attributes;
+  int id = 0;                              ///< The same in all phases.
+  std::string name;                        ///< By which its values are asked for.
+  std::optional<std::string> description;  ///< A text for people.
+  Attributes attributes;                   ///< What else is said of it.
 };
 
 /// Version of the format that a file was written in.
 struct FileVersion {
+  /// @name Its numbers
+  /// @{
+
+  /// One of the numbers of OrvFileIO::getFileVersion.
   int major = 0;
   int minor = 0;
   int patch = 0;
+
+  /// @}
 };
 
 /// The version that this library writes.
@@ -106,24 +120,31 @@ FileVersion ownVersion();
 /// A whole case but for its bulk arrays. Copies share the location model, which is never changed
 /// once it stands here.
 struct CaseTables {
-  std::string solverType;
-  std::string applicationName;
-  std::optional<FileVersion> version;
-  std::map<MeshKey, MeshTables> meshes;
+  std::string solverType;                ///< Such as "VELTO_GENERIC"; may be empty.
+  std::string applicationName;           ///< The program that wrote; may be empty.
+  std::optional<FileVersion> version;    ///< Of the file; none if nothing tells it.
+  std::map<MeshKey, MeshTables> meshes;  ///< Each mesh, target and partition.
   /// By data class and path of the store.
   std::map<std::pair<OrvDataClass, std::string>, Settings> settings;
-  std::shared_ptr<const OrvLocationModel> locationModel;
-  std::vector<Phase> phases;
-  std::vector<Variable> variables;
+  std::shared_ptr<const OrvLocationModel> locationModel;  ///< Or null.
+  std::vector<Phase> phases;                              ///< In order; ids differ.
+  std::vector<Variable> variables;                        ///< In order; ids and names differ.
 
   /// The store that settings of the case stand in by default; made if it is not there.
   Settings& defaultSettings();
 
+  /// @name Looking up
+  /// @{
+
+  /// The phase of an id, or the variable of an id or a name; null if there is none. The pointer is
+  /// valid until another is added.
   Phase* findPhase(short id);
   const Phase* findPhase(short id) const;
   Variable* findVariable(int id);
   const Variable* findVariable(int id) const;
   const Variable* findVariable(const std::string& name) const;
+
+  /// @}
 
   /// Registers a variable and gives its id; a name that is known keeps its id.
   int addVariable(const std::string& name);

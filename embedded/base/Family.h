@@ -12,16 +12,16 @@ namespace velto::base {
 /// One value for each family of bulk calls of OrvProvider. The first three are counted families: a
 /// count and a list of ids for each element.
 enum class Family {
-  faceNodes,
-  cellNodes,
-  cellFaces,
-  nodeCoordinates,
-  faceCell0,
-  faceCell1,
-  faceShadows,
-  faceTree,
-  cellTypes,
-  cellPartitions,
+  faceNodes,        ///< OrvProvider::beginFaceNodes.
+  cellNodes,        ///< OrvProvider::beginCellNodes.
+  cellFaces,        ///< OrvProvider::beginCellFaces.
+  nodeCoordinates,  ///< OrvProvider::beginNodeCoordinates.
+  faceCell0,        ///< OrvProvider::beginFaceCell0.
+  faceCell1,        ///< OrvProvider::beginFaceCell1.
+  faceShadows,      ///< OrvProvider::beginFaceShadows.
+  faceTree,         ///< OrvProvider::beginFaceTree.
+  cellTypes,        ///< OrvProvider::beginCellTypes.
+  cellPartitions,   ///< OrvProvider::beginCellPartitions.
 };
 
 /// Name of a family for messages: "face nodes".

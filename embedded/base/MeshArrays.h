@@ -18,17 +18,18 @@ namespace velto::base {
 
 /// A run of ids that somebody else owns, in 64 or in 32 bits each: one of the pointers is set.
 struct IdView {
-  const std::uint64_t* data = nullptr;
-  std::size_t size = 0;
-  const std::uint32_t* narrow = nullptr;
+  const std::uint64_t* data = nullptr;    ///< The ids in 64 bits, or null.
+  std::size_t size = 0;                   ///< Number of ids.
+  const std::uint32_t* narrow = nullptr;  ///< The ids in 32 bits, or null.
 };
 
 /// Names the values of one variable: a phase, a kind of zone, a name.
 struct VariableKey {
-  short phase = 0;
-  OrvZoneCategory category = zoneCategoryNode;
-  std::string name;
+  short phase = 0;                              ///< A phase id.
+  OrvZoneCategory category = zoneCategoryNode;  ///< The zones on which the values lie.
+  std::string name;                             ///< Of the variable.
 
+  /// Whether all three agree.
   friend bool operator==(const VariableKey& a, const VariableKey& b) {
     return a.phase == b.phase && a.category == b.category && a.name == b.name;
   }
@@ -50,10 +51,12 @@ class MeshArrays {
   /// The zones that carry the family's data, in the order of its list. For Family::faceTree the
   /// parent zones.
   virtual std::vector<int> zones(Family family) = 0;
+  /// The zones of the finer faces of the face tree.
   virtual std::vector<int> treeChildZones() = 0;
 
-  /// Counted families: the count of all elements of the zone if they have one, and the counts.
+  /// True, and the count, if all elements of a zone of a counted family have one.
   virtual bool uniformCount(Family family, int zone, short& count) = 0;
+  /// One count an element of a zone of a counted family.
   virtual std::size_t readCounts(Family family, int zone, short* counts, std::size_t n) = 0;
 
   /// The connectivity list of a counted family, or one id a face for face cells and shadows.
@@ -77,19 +80,27 @@ class MeshArrays {
   /// Number of counts that can be read for a zone of a counted family; none if they are uniform.
   virtual std::size_t countCount(Family family, int zone) = 0;
 
+  /// Coordinates of a zone, node after node.
   virtual std::size_t readCoordinates(int zone, double* values, std::size_t n) = 0;
 
-  /// Cell types: the one type of the zone if it has one, and one type a cell.
+  /// True, and the type, if all cells of the zone have one.
   virtual bool uniformCellType(int zone, int& type) = 0;
+  /// One type a cell.
   virtual std::size_t readCellTypes(int zone, int* types, std::size_t n) = 0;
 
+  /// What OrvProvider::getCellPartitionInfo answers; 0 for a zone that is not listed.
   virtual int partitionInfo(int zone) = 0;
+  /// The partition that each cell is meant for.
   virtual std::size_t readCellPartitions(int zone, int* partitions, std::size_t n) = 0;
 
-  /// Field data: names in order, the zones of a variable with its values per element, the values.
+  /// The variables of a phase on zones of a category, in order.
   virtual std::vector<std::string> variableNames(short phase, OrvZoneCategory category) = 0;
+  /// Replaces `zones` by those that hold a variable and returns its values per element; leaves them
+  /// alone and returns 0 if there is no such variable.
   virtual std::size_t variableZones(const VariableKey& key, std::vector<int>& zones) = 0;
+  /// Number of values of a variable that can be read for a zone.
   virtual std::size_t variableValueCount(const VariableKey& key, int zone) = 0;
+  /// The values of a variable in a zone, element after element.
   virtual std::size_t readVariable(const VariableKey& key, int zone, double* values,
                                    std::size_t n) = 0;
 };
@@ -108,6 +119,10 @@ class MeshArraySink {
   /// A family is about to be written for these zones.
   virtual void begin(Family family, const std::vector<int>& zones) = 0;
 
+  /// @name Arrays of a zone
+  /// @{
+
+  /// Takes what the operation of OrvConsumer of like name brings; `family` tells which of several.
   virtual void writeUniformCount(Family family, int zone, short count) = 0;
   virtual void writeCounts(Family family, int zone, const short* counts, std::size_t n) = 0;
   virtual void writeIds(Family family, int zone, const std::uint64_t* ids, std::size_t n) = 0;
@@ -118,15 +133,23 @@ class MeshArraySink {
   virtual void writeCellPartitions(int zone, const int* partitions, std::size_t n) = 0;
   virtual void writeElemIds(int zone, const std::size_t* ids, std::size_t n) = 0;
 
+  /// @}
+
   /// The other half of the face tree, whose parent zones come with begin().
   virtual void setTreeChildZones(const std::vector<int>& zones) = 0;
 
+  /// @name Field data
+  /// @{
+
+  /// Takes what the operation of OrvConsumer of that name brings, with the phase that is open.
   virtual void declareVariables(short phase, OrvZoneCategory category,
                                 const std::vector<std::string>& names) = 0;
   virtual void beginVariable(const VariableKey& key, const std::vector<int>& zones,
                              std::size_t valuesPerEntity) = 0;
   virtual void writeVariable(const VariableKey& key, int zone, const double* values,
                              std::size_t n) = 0;
+
+  /// @}
 };
 
 }  // namespace velto::base

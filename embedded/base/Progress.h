@@ -33,8 +33,9 @@ class ProgressListener {
   ProgressListener* before_;
 };
 
-/// Tell the listener of this thread, if there is one. Cheap without one.
+/// Tells the listener of this thread, if there is one, how far `what` has come. Cheap without one.
 void reportProgress(const std::string& what, std::uint64_t done, std::uint64_t total);
+/// Tells the listener of this thread, if there is one, that writing can be stopped here.
 void reportCheckpoint();
 
 }  // namespace velto::base

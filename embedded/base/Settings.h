@@ -20,6 +20,7 @@ namespace velto::base {
 /// "domains/air/location" is set) stands for the list of the components that follow it.
 class Settings {
  public:
+  /// A key and its value.
   using Entry = std::pair<std::string, std::string>;
 
   /// Sets an entry; a key that is there keeps its place and gets the new value.
@@ -28,6 +29,7 @@ class Settings {
   /// Removes an entry and all that stands below it.
   void remove(const std::string& path);
 
+  /// All entries, in order.
   const std::vector<Entry>& entries() const { return entries_; }
 
   /// The value of a key, or null.

@@ -25,31 +25,37 @@ namespace velto::memory {
 
 /// A zone of a counted family. With a uniform count the list of counts stays empty.
 struct CountedData {
-  std::optional<short> uniform;
-  Slice<short> counts;
-  Slice<std::uint64_t> ids;
+  std::optional<short> uniform;  ///< The count of all elements, if they have one.
+  Slice<short> counts;           ///< Else one count an element.
+  Slice<std::uint64_t> ids;      ///< The ids of all elements, one element after the other.
 };
 
 /// The cell types of a zone. With a uniform type the list stays empty.
 struct CellTypeData {
-  std::optional<int> uniform;
-  Slice<int> types;
+  std::optional<int> uniform;  ///< The type of all cells, if they have one.
+  Slice<int> types;            ///< Else one type a cell.
 };
 
+/// The cell partitions of a zone.
 struct CellPartitionData {
-  int info = 0;
-  Slice<int> partitions;
+  int info = 0;           ///< What OrvProvider::getCellPartitionInfo answers.
+  Slice<int> partitions;  ///< One partition a cell.
 };
 
 /// Where one variable has its values.
 struct VariableData {
-  std::size_t valuesPerEntity = 1;
-  ZoneList<Slice<double>> zones;
+  std::size_t valuesPerEntity = 1;  ///< 1 for a scalar, 3 for a vector in space.
+  ZoneList<Slice<double>> zones;    ///< The values of each zone, element after element.
 };
 
 /// The bulk arrays of one mesh. Nothing here is checked against the tables: a case may be as wrong
 /// as a file can be.
 struct MeshData {
+  /// @name Families
+  /// Each has the zones that it lists, in its order.
+  /// @{
+
+  /// The data of one family of OrvProvider, zone by zone.
   ZoneList<Slice<double>> nodeCoordinates;
   ZoneList<CountedData> faceNodes;
   ZoneList<CountedData> cellNodes;
@@ -61,15 +67,24 @@ struct MeshData {
   std::vector<int> treeChildZones;
   ZoneList<CellTypeData> cellTypes;
   ZoneList<CellPartitionData> cellPartitions;
+
+  /// @}
+
+  /// What OrvConsumer::writeElemIds brought.
   ZoneList<Slice<std::size_t>> elementIds;
 
+  /// Names, and where the variables of these names have their values.
   using VariableList = std::vector<std::pair<std::string, VariableData>>;
   /// Variables in order, by phase and kind of zone.
   std::map<std::pair<short, OrvZoneCategory>, VariableList> variables;
 
-  /// Where a variable has its values: made if it is not there, or null if it is not.
+  /// Where a variable has its values; made if it is not there.
   VariableData& variable(const base::VariableKey& key);
+  /// Where a variable has its values, or null.
   const VariableData* findVariable(const base::VariableKey& key) const;
+
+  /// @name Families by their value
+  /// @{
 
   /// The zone list of a counted family.
   ZoneList<CountedData>& counted(base::Family family);
@@ -77,16 +92,20 @@ struct MeshData {
 
   /// The zone list of face cells or shadows.
   ZoneList<Slice<std::uint64_t>>& faceIds(base::Family family);
+  /// The same, not to be changed.
   const ZoneList<Slice<std::uint64_t>>& faceIds(base::Family family) const;
+
+  /// @}
 };
 
 /// Tables and arrays. Copies are cheap in arrays (they are shared) and deep in tables.
 struct Case {
-  base::CaseTables tables;
-  std::map<base::MeshKey, MeshData> data;
+  base::CaseTables tables;                 ///< All but the arrays.
+  std::map<base::MeshKey, MeshData> data;  ///< The arrays of each mesh, target and partition.
 
-  /// The tables and the arrays of a mesh, made if they are not there.
+  /// The tables of a mesh, made if they are not there.
   base::MeshTables& mesh(const base::MeshKey& key = {}) { return tables.meshes[key]; }
+  /// The arrays of a mesh, made if they are not there.
   MeshData& arrays(const base::MeshKey& key = {}) { return data[key]; }
 
   /// The record of a zone, for a test that damages it.

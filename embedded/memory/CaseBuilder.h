@@ -15,14 +15,15 @@
 
 namespace velto::memory {
 
+/// Ids of nodes or faces.
 using Ids = std::vector<std::uint64_t>;
 
 /// A face as one writes it down: its nodes in loop order (the normal points from cell0 into cell1,
 /// outwards on a boundary), and the cells on its two sides, 0 for none.
 struct FaceLine {
-  Ids nodes;
-  std::uint64_t cell0 = 0;
-  std::uint64_t cell1 = 0;
+  Ids nodes;                ///< In loop order.
+  std::uint64_t cell0 = 0;  ///< The cell on side 0.
+  std::uint64_t cell1 = 0;  ///< The cell on side 1.
 };
 
 /// Builds sound cases from what makes them differ. Element ids count up from 1 in the order of the
@@ -44,10 +45,21 @@ class CaseBuilder {
   /// What follows belongs to another mesh, target or partition.
   CaseBuilder& mesh(const base::MeshKey& key, int dimension = 3);
 
+  /// @name The case as a whole
+  /// @{
+
+  /// Sets the solver type; "VELTO_GENERIC" if it was never set.
   CaseBuilder& solverType(const std::string& type);
+  /// Sets the version of the file; that of the library if it was never set.
   CaseBuilder& version(int major, int minor, int patch);
+  /// Sets the unit of length of the current mesh.
   CaseBuilder& units(const std::string& units);
+  /// Sets an entry of the default settings.
   CaseBuilder& setting(const std::string& key, const std::string& value);
+
+  /// @}
+  /// @name Zones of the current mesh
+  /// @{
 
   /// A node zone, each node with as many coordinates as the mesh has dimensions.
   CaseBuilder& nodes(int zone, const std::string& name,
@@ -57,21 +69,30 @@ class CaseBuilder {
   CaseBuilder& faces(int zone, const std::string& name, int type,
                      const std::vector<FaceLine>& lines);
 
-  /// A cell zone whose cells are known by their faces, all of one shape or one shape a cell.
+  /// A cell zone whose cells are known by their faces, all of one shape.
   CaseBuilder& cells(int zone, const std::string& name, int shape, std::uint64_t count);
+  /// The same with one shape a cell.
   CaseBuilder& cells(int zone, const std::string& name, const std::vector<int>& shapes);
 
-  /// Gives the cells of a zone nodes, or faces, of their own.
+  /// Gives the cells of a zone nodes of their own, a list a cell.
   CaseBuilder& cellNodes(int zone, const std::vector<Ids>& cells);
+  /// Gives the cells of a zone faces of their own, a list a cell.
   CaseBuilder& cellFaces(int zone, const std::vector<Ids>& cells);
 
   /// Makes two face zones of equal length each other's shadow, face by face.
   CaseBuilder& shadows(int zone, int shadowZone);
 
-  /// A phase of the results, and a variable on one zone of the current mesh.
+  /// @}
+  /// @name Results
+  /// @{
+
+  /// A phase of the results.
   CaseBuilder& phase(short id, const std::string& name);
+  /// The values of a variable on one zone of the current mesh, element after element.
   CaseBuilder& variable(short phase, OrvZoneCategory category, const std::string& name, int zone,
                         std::size_t valuesPerEntity, const std::vector<double>& values);
+
+  /// @}
 
   /// The case. Zone relations of restart meshes are entered here.
   std::shared_ptr<Case> build();

@@ -30,18 +30,22 @@ namespace velto::memory {
 /// name. Goes past the operations of OrvLocationModel, so that nobody who watches these sees it.
 class LocationModelWriter {
  public:
+  /// Begins a part.
   int part(const std::string& name);
 
-  /// A body without a place in any mesh, and one with zones in a mesh.
+  /// A body without a place in any mesh.
   int body(const std::string& name);
+  /// A body with zones in a mesh.
   int body(const std::string& name, const std::vector<int>& zones, int mesh = base::MeshKey().mesh);
 
+  /// A face with both sides empty.
   int face(const std::string& name);
 
   /// A face use with zone sides in the first mesh, named if `name` is not empty.
   int use(int body, int face, int side, const std::vector<int>& zoneSides,
           const std::string& name = "");
 
+  /// A name for bodies, faces and face uses.
   int composite(const OrvLocationModel::State::Composite& composite);
 
   /// The model; the writer is done with.

@@ -19,6 +19,7 @@ base::CaseProvider::ArraysByMesh arraysOf(const std::shared_ptr<const Case>& sou
 /// Serves a case that stands in memory. startReading takes any file name.
 class MemoryProvider : public base::CaseProvider {
  public:
+  /// Serves `source` once startReading was called, and keeps it alive.
   explicit MemoryProvider(std::shared_ptr<const Case> source);
 
  protected:

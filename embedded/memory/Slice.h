@@ -40,10 +40,19 @@ class Slice {
     size_ = std::min(size, owner_->size() - begin);
   }
 
+  /// @name Values
+  /// @{
+
+  /// The values, one after the other; valid as long as any copy of the slice.
   const Value* data() const { return data_; }
+  /// Number of values.
   std::size_t size() const { return size_; }
+  /// The first value.
   const Value* begin() const { return data_; }
+  /// Behind the last value.
   const Value* end() const { return data_ + size_; }
+
+  /// @}
 
   /// Copies at most `n` values; returns how many.
   std::size_t copyTo(Value* values, std::size_t n) const {
@@ -86,11 +95,15 @@ class Slice<std::uint64_t> {
   const std::uint64_t* data() const { return wide_; }
   /// The ids where they stand in 32 bits, else null.
   const std::uint32_t* narrow() const { return narrow_; }
+  /// Number of ids.
   std::size_t size() const { return size_; }
+  /// The id at a place below size().
   std::uint64_t operator[](std::size_t place) const {
     return narrow_ != nullptr ? narrow_[place] : wide_[place];
   }
+  /// The first id.
   IdIterator<Slice> begin() const { return {*this, 0}; }
+  /// Behind the last id.
   IdIterator<Slice> end() const { return {*this, size_}; }
 
   /// Copies at most `n` ids; returns how many.

@@ -15,6 +15,7 @@ namespace velto::memory {
 template <class Data>
 class ZoneList {
  public:
+  /// The ids of the zones, in the order of the list.
   const std::vector<int>& zones() const { return zones_; }
 
   /// The data of a zone; a zone that is not listed yet is added at the end. Throws what the

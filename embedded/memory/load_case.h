@@ -10,6 +10,7 @@
 #include "embedded/base/CaseProvider.h"
 #include "embedded/memory/Case.h"
 
+/// Cases in memory, and the languages in which samples and tests write them.
 namespace velto::memory {
 
 /// Copies tables and arrays as they are, field data included. Throws CaseError if a source fails.

@@ -37,10 +37,23 @@ namespace velto {
 /// A builder keeps nothing between two builds but its list of errors.
 class VELTO_EXPORT LocationModelBuilder {
  public:
+  /// A builder without errors.
   LocationModelBuilder();
+
+  /// @name Copies
+  /// @{
+
+  /// A copy has the errors of its original, and shares nothing with it.
   LocationModelBuilder(const LocationModelBuilder& other);
   LocationModelBuilder& operator=(const LocationModelBuilder& other);
+
+  /// @}
+
+  /// Models that were filled stay as they are.
   virtual ~LocationModelBuilder();
+
+  /// @name Building
+  /// @{
 
   /// Fills `model`, which should be empty, from the mesh, target and partition that are selected on
   /// `provider`; both stay the caller's. False at the first thing that cannot be done: the reason
@@ -56,6 +69,8 @@ class VELTO_EXPORT LocationModelBuilder {
   /// The errors of all builds so far, oldest first. The reference stays valid as long as the
   /// builder does.
   const std::vector<std::string>& getErrors() const;
+
+  /// @}
 
  private:
   class Build;

@@ -42,21 +42,31 @@ struct IdRange;
 /// comes first. One thread at a time may use a checker, and all copies that share its case.
 class VELTO_EXPORT OrvChecker {
  public:
+  /// A checker of level 1 and verbosity 1 for all meshes, targets and partitions.
   OrvChecker();
+
+  /// @name Copies and destruction
+  /// @{
 
   /// Copies share the case that is open: whichever releases it first releases it for all of them.
   /// An assignment does not release the case that its target held.
   OrvChecker(const OrvChecker& other);
   OrvChecker& operator=(const OrvChecker& other);
 
+  /// Releases the case that is open.
   virtual ~OrvChecker();
 
+  /// @}
+  /// @name What is checked and shown; kept for all files that follow
+  /// @{
+
   /// What is shown while running. Messages are recorded whatever the value is.
-  ///   0 or less  nothing
-  ///   1          errors and warnings on standard error (default)
-  ///   2          and details on standard output: version, sizes, zones
-  ///   3          and each step on standard output, each bad id on standard error
-  ///   4          and each cell with the wrong number of faces on standard output
+  ///
+  ///     0 or less  nothing
+  ///     1          errors and warnings on standard error (default)
+  ///     2          and details on standard output: version, sizes, zones
+  ///     3          and each step on standard output, each bad id on standard error
+  ///     4          and each cell with the wrong number of faces on standard output
   void setVerbosity(int value);
 
   /// Which checks run: below 1 those of the file as a whole, 1 those of the zone tables as well
@@ -77,6 +87,10 @@ class VELTO_EXPORT OrvChecker {
   /// With true, leaves out the location model and the physics objects that refer to it.
   void setNoLM(bool value);
 
+  /// @}
+  /// @name Checking
+  /// @{
+
   /// Checks a case file. True when the list of errors is empty, also of errors that an earlier call
   /// left; false for a file of a newer major version, which is only a warning.
   ///
@@ -84,9 +98,13 @@ class VELTO_EXPORT OrvChecker {
   /// checker stays usable.
   bool checkCase(const std::string& fileName);
 
-  /// What was recorded, oldest first. The references stay valid as long as the checker does.
+  /// The errors recorded so far, oldest first. The reference stays valid as long as the checker
+  /// does, and sees what is added.
   const std::vector<std::string>& getErrors() const;
+  /// The warnings recorded so far, in the same way. They do not make a file unsound.
   const std::vector<std::string>& getWarnings() const;
+
+  /// @}
 
  private:
   /// The open case, shared by the copies of a checker.

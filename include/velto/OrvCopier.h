@@ -43,11 +43,16 @@ class VELTO_EXPORT OrvCopier {
   /// `applicationName` is what the destination is told that it was written by; "" for nothing.
   explicit OrvCopier(const std::string& applicationName = "Generic");
 
+  /// A copy has the options, the lists of element ids and the zones met so far of its own from then
+  /// on, and the same source and destination.
   OrvCopier(const OrvCopier& other);
+  /// As the copy constructor.
   OrvCopier& operator=(const OrvCopier& other);
+  /// Leaves source and destination alone.
   virtual ~OrvCopier();
 
-  // --- Source and destination -------------------------------------------------------------------
+  /// @name Source and destination
+  /// @{
 
   /// Where to read from: a provider with the mesh, target and partition to copy selected.
   void setSource(OrvProvider* provider);
@@ -72,18 +77,27 @@ class VELTO_EXPORT OrvCopier {
   /// nothing.
   void setMode(bool mode);
 
-  // --- What is copied with the mesh -------------------------------------------------------------
-  // All of it but cell partitions and settings, if nothing was set.
+  /// @}
+  /// @name What is copied with the mesh
+  /// All of it but cell partitions and settings, if nothing was set.
+  /// @{
 
+  /// The dimension, and the counts of nodes, faces and cells.
   void copyMeshSizeToDestination(bool meshSize);
+  /// The unit of length of the coordinates. Coordinates are copied as they are.
   void copyMeshUnitsToDestination(bool meshUnits);
 
   /// The tables of zones. Only zones whose tables were copied, now or in a copy before, are copied.
   void copyZoneTopologyToDestination(bool zoneTopology);
+
+  /// The coordinates of all node zones.
   void copyNodeCoordinatesToDestination(bool nodeCoordinates);
 
   /// The cells at all, and of them nodes and types.
   void copyCellsToDestination(bool cells, bool cellNodes, bool cellTypes);
+
+  /// The partition that each cell is meant for, where the source tells it; only if cells are copied
+  /// at all.
   void copyCellPartitionsToDestination(bool cellPartitions);
 
   /// The faces at all, and of them nodes and the cells on both sides.
@@ -91,14 +105,19 @@ class VELTO_EXPORT OrvCopier {
 
   /// The source's location model, or one that is built from its zones if it has none with parts.
   void copyLocationModelToDestination(bool locationModel);
+
+  /// The settings of the case, each below the destination's solver type, and the standard ones:
+  /// time, source format and destination format.
   void copySettingsToDestination(bool settings);
 
   /// With true, each step is a line on standard output.
   void setVerbose(bool value);
 
-  // --- Element ids ------------------------------------------------------------------------------
-  // Lists that the destination gets along with the data of a zone; what it does with them is its
-  // own affair. They are kept from one copy to the next.
+  /// @}
+  /// @name Element ids
+  /// Lists that the destination gets along with the data of a zone; what it does with them is its
+  /// own affair. They are kept from one copy to the next.
+  /// @{
 
   /// Sets the list of a source zone. True.
   bool addElemIds(int zoneId, const std::vector<std::size_t>& ids);
@@ -111,11 +130,13 @@ class VELTO_EXPORT OrvCopier {
   /// Forgets the list of a source zone, if there is one. True.
   bool removeElemIds(int zoneId);
 
-  // --- Copying ----------------------------------------------------------------------------------
-  // False without a source or a destination, otherwise true: whether the destination took it all is
-  // for its own messages to tell. Odd data are told on standard error and copied as far as they go.
-  // What the data-access library throws reaches the caller, and writing is then left open; but for
-  // a setting, which is told on standard output and left out.
+  /// @}
+  /// @name Copying
+  /// False without a source or a destination, otherwise true: whether the destination took it all
+  /// is for its own messages to tell. Odd data are told on standard error and copied as far as they
+  /// go. What the data-access library throws reaches the caller, and writing is then left open; but
+  /// for a setting, which is told on standard output and left out.
+  /// @{
 
   /// copyCase(true), then copyResults().
   bool copy();
@@ -126,6 +147,8 @@ class VELTO_EXPORT OrvCopier {
 
   /// Sizes and zone tables, whatever the switches say, and the field data of all phases.
   bool copyResults();
+
+  /// @}
 
  private:
   void writeProgress(const std::string& line) const;

@@ -52,7 +52,8 @@ class VELTO_EXPORT PhysicsRegionResolver {
   PhysicsRegionResolver& operator=(const PhysicsRegionResolver&) = delete;
   ~PhysicsRegionResolver();
 
-  // --- Resolving --------------------------------------------------------------------------------
+  /// @name Resolving
+  /// @{
 
   /// Looks up all locations in a location model, and the zones of what they name in the mesh,
   /// target and partition that are selected on `provider`. Can be called again, with another model
@@ -75,7 +76,9 @@ class VELTO_EXPORT PhysicsRegionResolver {
   /// The same with the location model of the case itself.
   bool resolveUsing(const OrvProvider* provider);
 
-  // --- What a region comes to; after resolving --------------------------------------------------
+  /// @}
+  /// @name What a region comes to; after resolving
+  /// @{
 
   /// Bodies of a domain or subdomain, ascending.
   bool bodies(const std::string& region, std::vector<int>& bodyIds) const;
@@ -103,7 +106,9 @@ class VELTO_EXPORT PhysicsRegionResolver {
   /// none. Before resolving there are none, unless objects share names.
   bool boundedBy(const std::string& region, std::vector<std::string>& boundaries) const;
 
-  // --- What the settings say; at once -----------------------------------------------------------
+  /// @}
+  /// @name What the settings say; at once
+  /// @{
 
   /// The location of a domain, subdomain or boundary, as it stands in the settings.
   bool regionLocation(const std::string& region, std::string& location) const;
@@ -119,12 +124,17 @@ class VELTO_EXPORT PhysicsRegionResolver {
   /// the case has no regions at all or there is no such type.
   bool regionsOfType(std::vector<std::string>& regions, std::string type) const;
 
-  // --- Errors -----------------------------------------------------------------------------------
+  /// @}
+  /// @name Errors
+  /// @{
 
   /// The errors of queries and of resolving, oldest first. The reference stays valid as long as the
   /// resolver does.
   const std::vector<std::string>& getErrors() const;
+  /// Empties the list; regions stay as they are.
   void clearErrors() const;
+
+  /// @}
 
  private:
   class Resolving;

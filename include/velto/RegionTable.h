@@ -16,11 +16,11 @@ namespace velto {
 
 /// Kinds of physics regions. The values cross a library boundary and are never renumbered.
 enum RegionKind : int {
-  regionKindNone = 0,  ///< An unknown word.
-  regionKindDomain = 1,
-  regionKindBoundary = 2,
-  regionKindSubdomain = 3,
-  regionKindInterface = 4,
+  regionKindNone = 0,       ///< An unknown word.
+  regionKindDomain = 1,     ///< A volume on which equations are solved.
+  regionKindBoundary = 2,   ///< A surface around or inside a domain.
+  regionKindSubdomain = 3,  ///< A volume within a domain.
+  regionKindInterface = 4,  ///< What joins two boundaries.
 };
 
 /// What a PhysicsRegionResolver knows. A region is known by its id, a number from 0 on: domains
@@ -28,18 +28,25 @@ enum RegionKind : int {
 /// Maps by id hold entries of those regions alone that have something of that sort, and iterate by
 /// ascending id.
 struct VELTO_EXPORT RegionTable {
-  // --- What the settings say; stays as it is for the life of a resolver -------------------------
+  /// @name What the settings say
+  /// Stays as it is for the life of a resolver.
+  /// @{
 
+  /// The name of every region.
   std::map<int, std::string> regionNames;
   /// In byte order of the names. Of several regions of one name it has the last.
   std::map<std::string, int> regionIds;
+  /// The kind of every region.
   std::map<int, RegionKind> regionKinds;
   /// As it stands in the settings: names with commas between them. An interface has none.
   std::map<int, std::string> regionLocations;
   /// The boundaries on side 1 and on side 2 of an interface.
   std::map<int, std::pair<int, int>> interfaceSides;
 
-  // --- What a location model and a mesh say; cleared and filled by each resolving ---------------
+  /// @}
+  /// @name What a location model and a mesh say
+  /// Cleared and filled by each resolving.
+  /// @{
 
   /// Before the first resolving: of a domain, the last subdomain or boundary that names it. Then
   /// the other way round: of a subdomain or boundary, the domain that it lies in.
@@ -66,6 +73,8 @@ struct VELTO_EXPORT RegionTable {
     regionFaceUses.clear();
     regionZoneSides.clear();
   }
+
+  /// @}
 };
 
 }  // namespace velto
