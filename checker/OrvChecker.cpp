@@ -52,6 +52,7 @@ void OrvChecker::setCheckLevel(int value) { checkLevel = value; }
 void OrvChecker::setMeshId(int value) { meshId = value; }
 void OrvChecker::setPartitionId(int value) { partitionId = value; }
 void OrvChecker::setNoLM(bool value) { noLM = value; }
+void OrvChecker::setListener(CheckListener* value) { listener = value; }
 
 void OrvChecker::setTarget(const std::string& word) {
   if (word == "restart") {
@@ -77,6 +78,7 @@ void OrvChecker::addError(int level, const std::string& message) {
     std::cerr << "Error: " << currentStep << ": " << message << std::endl;
   }
   errors.push_back(currentStep + " : " + message);
+  tellFinding(CheckSeverity::error, message);
 }
 
 void OrvChecker::addWarning(int level, const std::string& message) {
@@ -84,10 +86,32 @@ void OrvChecker::addWarning(int level, const std::string& message) {
     std::cerr << "Warning: " << currentStep << ": " << message << std::endl;
   }
   warnings.push_back(currentStep + " : " + message);
+  tellFinding(CheckSeverity::warning, message);
+}
+
+void OrvChecker::tellFinding(CheckSeverity severity, const std::string& message) {
+  if (listener != nullptr) {
+    listener->onFinding(place, severity, currentStep, message);
+  }
+}
+
+void OrvChecker::leaveOut(const CheckPlace& where, const std::string& step, CheckOmission reason) {
+  if (listener != nullptr) {
+    listener->onLeftOut(where, step, reason);
+  }
+}
+
+void OrvChecker::leaveOutSteps(std::initializer_list<const char*> steps) {
+  for (const char* const step : steps) {
+    leaveOut(place, step, CheckOmission::level);
+  }
 }
 
 void OrvChecker::displayStep(const std::string& step, const std::string& detail) {
   currentStep = step;
+  if (listener != nullptr) {
+    listener->onStep(place, step);
+  }
   if (verbosity < 3) {
     return;
   }
@@ -156,6 +180,7 @@ std::string OrvChecker::describeLocation() const {
 // --- The walk -----------------------------------------------------------------------------------
 
 bool OrvChecker::checkCase(const std::string& fileName) {
+  place = CheckPlace();
   if (!openCase(fileName)) {
     return false;
   }
@@ -175,6 +200,7 @@ bool OrvChecker::checkCase(const std::string& fileName) {
       return false;
     }
   }
+  place = CheckPlace();
   displayStep("checkCase", "availableTargets");
   if (targetsMet.size() > 1) {
     addWarning(1, "ORV file with multiple target types - support is limited");
@@ -209,6 +235,7 @@ bool OrvChecker::openCase(const std::string& fileName) {
 
 bool OrvChecker::walkMesh(int mesh, std::set<int>& targetsMet) {
   if (meshId > 0 && meshId != mesh) {
+    leaveOut({mesh, -1, -1}, "", CheckOmission::meshFilter);
     return true;
   }
   std::vector<int> categories;
@@ -225,6 +252,7 @@ bool OrvChecker::walkMesh(int mesh, std::set<int>& targetsMet) {
     // Kept: a target that the filter passes over counts as met.
     targetsMet.insert(category);
     if (target != -1 && target != category) {
+      leaveOut({mesh, category, -1}, "", CheckOmission::targetFilter);
       continue;
     }
     if (!walkTarget(mesh, category, partitions)) {
@@ -242,12 +270,14 @@ bool OrvChecker::walkTarget(int mesh, int category, const std::vector<int>& part
     // Kept: only the partitioned post target is filtered; the others are walked once an entry.
     if (category == targetPartitionedPost) {
       if (partitionId != -1 && partitionId != partition) {
+        leaveOut({mesh, category, partition}, "", CheckOmission::partitionFilter);
         continue;
       }
       if (verbosity > 1) {
         std::cout << "Processing partition : " << partition << std::endl;
       }
     }
+    place = {mesh, category, partition};
     OrvFileProvider* source = openProvider();
     source->setMeshId(mesh);
     source->setTarget(static_cast<OrvTargetCategory>(category));
@@ -260,7 +290,15 @@ bool OrvChecker::walkTarget(int mesh, int category, const std::vector<int>& part
 }
 
 bool OrvChecker::checkSelected() {
+  const auto leaveOutDeepSteps = [this] {
+    leaveOutSteps({"checkFaceConnectivity", "checkCellConnectivity", "checkCellsFromFaces",
+                   "checkFacesShadowZones"});
+  };
   if (checkLevel < 1) {
+    leaveOutSteps({"checkMeshSize", "checkMeshConnectivity",
+                   "checkPhysicsToMeshMapUsingTopologyModel", "checkCellZoneConnectivityTypes",
+                   "checkNodeZones", "checkFaceZones", "checkCellZones"});
+    leaveOutDeepSteps();
     return true;
   }
   if (!checkMeshSize() || !checkMeshConnectivity() ||
@@ -270,6 +308,7 @@ bool OrvChecker::checkSelected() {
     return false;
   }
   if (checkLevel < 2) {
+    leaveOutDeepSteps();
     return true;
   }
   return passAll({&OrvChecker::checkFaceConnectivity, &OrvChecker::checkCellConnectivity,

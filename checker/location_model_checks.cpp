@@ -29,6 +29,7 @@ bool OrvChecker::checkTopologyModel() {
   displayStep("checkTopologyModel", "Location Model exists");
   if (noLM) {
     displayStep("checkTopologyModel", "Skipping location model checks at user request.");
+    leaveOut(place, currentStep, CheckOmission::noLocationModel);
     return true;
   }
   if (!source->hasTarget(targetRestart)) {

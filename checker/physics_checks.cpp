@@ -53,10 +53,12 @@ bool OrvChecker::checkPhysicsToMeshMapUsingTopologyModel() {
   OrvFileProvider* source = openProvider();
   if (source->getTarget() != targetRestart) {
     displayStep(step, "N/A for ORV Post or ORV Partitioned Post mesh.");
+    leaveOut(place, step, CheckOmission::notApplicable);
     return true;
   }
   if (noLM) {
     displayStep(step, "Skipping location model checks at user request.");
+    leaveOut(place, step, CheckOmission::noLocationModel);
     return true;
   }
   displayStep(step, "init");

@@ -6,17 +6,17 @@
 #include <exception>
 #include <fmt/format.h>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "velto/OrvChecker.h"
 
+#include "orv/CheckRecorder.h"
+#include "orv/CheckReport.h"
 #include "orv/LineLimit.h"
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
 #include "orv/hints.h"
-#include "orv/json_report.h"
 #include "orv/open_case.h"
 #include "orv/shown_name.h"
 #include "orv/words.h"
@@ -25,105 +25,26 @@ namespace velto::orv {
 
 namespace {
 
-enum class Verdict { sound, errors, notChecked };
-
-struct FileResult {
-  std::string file;
-  Verdict verdict = Verdict::notChecked;
-  std::vector<std::string> errors;
-  std::vector<std::string> warnings;
-};
-
 /// An error without a step was recorded before any check ran: the file could not be opened. No
 /// error and yet no success is a file of a newer version.
-Verdict verdictOf(bool succeeded, const std::vector<std::string>& errors, bool strictlyWarned) {
-  if (errors.empty() && !succeeded) {
+Verdict verdictOf(bool succeeded, const CheckReport& report, bool strict) {
+  const auto isError = [](const CheckFinding& f) { return f.severity == CheckSeverity::error; };
+  const auto first = std::find_if(report.findings.begin(), report.findings.end(), isError);
+  if (first == report.findings.end() ? !succeeded : first->step.empty()) {
     return Verdict::notChecked;
   }
-  if (!errors.empty() && errors.front().compare(0, 3, " : ") == 0) {
-    return Verdict::notChecked;
-  }
-  return errors.empty() && !strictlyWarned ? Verdict::sound : Verdict::errors;
+  return report.errors == 0 && !(strict && report.warnings > 0) ? Verdict::sound : Verdict::errors;
 }
 
 /// Whether the checker found no provider for the file.
-bool isUnknown(const std::vector<std::string>& errors) {
-  return !errors.empty() && errors.front() == " : Not a ORV file (cannot setup provider)";
+bool isUnknown(const CheckReport& report) {
+  return !report.findings.empty() && report.findings.front().step.empty() &&
+         report.findings.front().message == "Not a ORV file (cannot setup provider)";
 }
 
-/// A recorded message, "<step> : <text>".
-struct Message {
-  std::string step;
-  std::string text;
-};
-
-Message messageOf(const std::string& recorded) {
-  const std::size_t separator = recorded.find(" : ");
-  if (separator == std::string::npos) {
-    return {"", recorded};
-  }
-  return {recorded.substr(0, separator), recorded.substr(separator + 3)};
-}
-
-/// Whether a message is about single zones, which it does not name.
-bool isOfZones(const std::string& recorded) {
-  const std::string step = messageOf(recorded).step;
-  return step == "checkNodeZones" || step == "checkFaceZones" || step == "checkCellZones";
-}
-
-/// Whether a message is about single ids, which it does not name.
-bool isOfIds(const std::string& recorded) {
-  const std::string text = messageOf(recorded).text;
-  return text == "Face node ids out of node id range" ||
-         text == "Cell node ids out of node id range" ||
-         text == "Cell face ids out of face id range";
-}
-
-/// Whether a message counts cells that do not have the faces of their type.
-bool isOfFaceCounts(const std::string& recorded) {
-  const std::string text = messageOf(recorded).text;
-  return text.find("Cells with missing facets: ") == 0 ||
-         text.find("Cells with too many facets attached: ") == 0;
-}
-
-bool isFailedBuild(const std::string& recorded) {
-  return messageOf(recorded).text == "Failed to build location model.";
-}
-
-/// Whether a message is about names of the location model.
-bool isOfModel(const std::string& recorded) {
-  return messageOf(recorded).step == "checkPhysicsToMeshMapUsingTopologyModel";
-}
-
-/// Whether a message is about where physics objects lie.
-bool isOfPhysics(const std::string& recorded) {
-  const std::vector<std::string> steps = {"checkDomain", "checkSubdomain", "checkBoundary",
-                                          "checkInterface"};
-  return std::find(steps.begin(), steps.end(), messageOf(recorded).step) != steps.end();
-}
-
-/// Says where to look further, at most once for each kind of message.
-void hint(const FileResult& result) {
-  const auto hasError = [&result](bool (*is)(const std::string&)) {
-    return std::any_of(result.errors.begin(), result.errors.end(), is);
-  };
-  if (hasError(isOfZones) ||
-      std::any_of(result.warnings.begin(), result.warnings.end(), isOfZones)) {
-    hintAtZones(result.file);
-  }
-  if (hasError(isOfIds)) {
-    hintAtIds(result.file);
-  }
-  if (hasError(isOfFaceCounts)) {
-    hintAtFaceCounts(result.file);
-  }
-  if (hasError(isFailedBuild)) {
-    hintAtRelations(result.file);
-  } else if (hasError(isOfModel)) {
-    hintAtModel(result.file);
-  } else if (hasError(isOfPhysics)) {
-    hintAtRegions(result.file);
-  }
+/// Whether people read along.
+bool isText(const CheckOptions& options) {
+  return !options.quiet && options.format == ReportFormat::text;
 }
 
 /// How many lines of a kind are shown of what a checker writes by itself.
@@ -139,107 +60,109 @@ void tellLeftOut(const std::string& file, const LineLimit& limit) {
   }
 }
 
-FileResult checkFile(const std::string& file, const CheckOptions& options) {
-  FileResult result;
-  result.file = file;
-  if (isOdd(file)) {
-    result.errors.emplace_back(" : is neither a file nor a folder");
-    if (!options.quiet && !options.json) {
-      refuseOdd(file);
-    }
-    return result;
-  }
-  OrvChecker checker;
+void configure(OrvChecker& checker, const CheckOptions& options) {
   checker.setCheckLevel(options.level);
-  const int verbosity = options.quiet || options.json ? 0 : options.verbosity;
-  const LineLimit errLimit(std::cerr, mostLines(verbosity));
-  // Some lines are written there whatever the verbosity, where a JSON document, or a verdict that
-  // nobody wants to read, must stand alone.
-  const LineLimit outLimit(std::cout, verbosity == 0 ? 0 : mostLines(verbosity));
-  checker.setVerbosity(verbosity);
+  checker.setVerbosity(isText(options) ? options.verbosity : 0);
   checker.setMeshId(options.mesh);
   checker.setPartitionId(options.partition);
   checker.setTarget(options.target);
   checker.setNoLM(options.noLocationModel);
-  try {
-    const bool succeeded = checker.checkCase(file);
-    result.verdict =
-        verdictOf(succeeded, checker.getErrors(), options.strict && !checker.getWarnings().empty());
-    result.errors = checker.getErrors();
-    if (!options.quiet && !options.json && isUnknown(result.errors)) {
-      hintAtFormats(file);
-    }
-  } catch (const std::exception& error) {
-    result.errors = checker.getErrors();
-    result.errors.push_back(std::string(" : the check ended early: ") + error.what());
-    if (!options.quiet && !options.json) {
-      std::cerr << "orv: " << shownText(file)
-                << ": the check ended early: " << shownText(error.what()) << std::endl;
-    }
+}
+
+/// The filters of the command line, as they stood there.
+std::string filterText(const CheckOptions& options) {
+  std::vector<std::string> filters;
+  if (options.mesh != 0) {
+    filters.push_back(fmt::format("--mesh {}", options.mesh));
   }
-  result.warnings = checker.getWarnings();
+  if (!options.target.empty()) {
+    filters.push_back("--target " + options.target);
+  }
+  if (options.partition != -1) {
+    filters.push_back(fmt::format("--partition {}", options.partition));
+  }
+  return fmt::format("{}", fmt::join(filters, " "));
+}
+
+/// Whether the filters passed over all that the file holds.
+bool isNothingSelected(const CheckReport& report) {
+  const auto isWalked = [](const StepsLeftOut& leftOut) { return !leftOut.steps.empty(); };
+  return report.isComplete && report.ran.size() == 1 && !report.leftOut.empty() &&
+         std::none_of(report.leftOut.begin(), report.leftOut.end(), isWalked);
+}
+
+/// Records an error that the checker does not know of, and says it.
+void addError(CheckReport& report, const std::string& text, const CheckOptions& options) {
+  report.verdict = Verdict::notChecked;
+  report.findings.push_back({CheckPlace(), CheckSeverity::error, "", text});
+  ++report.errors;
+  if (isText(options)) {
+    std::cerr << "orv: " << shownText(report.file) << ": " << shownText(text) << std::endl;
+  }
+}
+
+/// Runs the checker, and writes down what keeps it from its end.
+void runChecker(OrvChecker& checker, CheckReport& report, const CheckOptions& options) {
+  CheckRecorder recorder(report);
+  checker.setListener(&recorder);
+  try {
+    const bool succeeded = checker.checkCase(report.file);
+    report.verdict = verdictOf(succeeded, report, options.strict);
+  } catch (const std::exception& error) {
+    addError(report, std::string("the check ended early: ") + error.what(), options);
+  }
+  if (isNothingSelected(report)) {
+    addError(report, "nothing in the file fits " + filterText(options), options);
+  }
+}
+
+CheckReport checkFile(const std::string& file, const CheckOptions& options) {
+  CheckReport report;
+  report.file = file;
+  if (isOdd(file)) {
+    addError(report, "is neither a file nor a folder", options);
+    return report;
+  }
+  const int verbosity = isText(options) ? options.verbosity : 0;
+  const LineLimit errLimit(std::cerr, mostLines(verbosity));
+  // Some lines are written there whatever the verbosity, where a document, or a verdict that nobody
+  // wants to read, must stand alone.
+  const LineLimit outLimit(std::cout, verbosity == 0 ? 0 : mostLines(verbosity));
+  OrvChecker checker;
+  configure(checker, options);
+  runChecker(checker, report, options);
+  if (isText(options) && isUnknown(report)) {
+    hintAtFormats(file);
+  }
   if (verbosity == 1) {
     tellLeftOut(file, outLimit);
     tellLeftOut(file, errLimit);
-    hint(result);
+    hintAt(report);
   }
-  return result;
+  if (verbosity > 0 && !report.isComplete && !report.ran.empty()) {
+    std::cerr << "orv: " << shownText(file) << ": " << endText(report) << std::endl;
+  }
+  return report;
 }
 
-std::string verdictLine(const FileResult& result) {
-  const std::string file = shownText(result.file);
-  const std::string counts = counted(result.errors.size(), "error", "errors") + ", " +
-                             counted(result.warnings.size(), "warning", "warnings");
-  switch (result.verdict) {
-    case Verdict::sound:
-      return fmt::format("{}: sound ({})", file, counts);
-    case Verdict::errors:
-      return fmt::format("{}: not sound ({})", file, counts);
-    case Verdict::notChecked:
-      break;
-  }
-  return fmt::format("{}: not checked ({})", file, counts);
+std::string verdictLine(const CheckReport& report) {
+  return fmt::format("{}: {} ({}, {})", shownText(report.file), verdictWord(report.verdict),
+                     counted(report.errors, "error", "errors"),
+                     counted(report.warnings, "warning", "warnings"));
 }
 
-std::string totalLine(const std::vector<FileResult>& results) {
+std::string totalLine(const std::vector<CheckReport>& results) {
   const auto having = [&](Verdict verdict) {
     return std::count_if(results.begin(), results.end(),
-                         [verdict](const FileResult& r) { return r.verdict == verdict; });
+                         [verdict](const CheckReport& r) { return r.verdict == verdict; });
   };
   return fmt::format("{} files: {} sound, {} not sound, {} not checked", results.size(),
                      having(Verdict::sound), having(Verdict::errors), having(Verdict::notChecked));
 }
 
-nlohmann::ordered_json messagesJson(const std::vector<std::string>& recorded) {
-  nlohmann::ordered_json list = nlohmann::ordered_json::array();
-  for (const std::string& one : recorded) {
-    const Message message = messageOf(one);
-    list.push_back({{"step", message.step}, {"message", message.text}});
-  }
-  return list;
-}
-
-const char* verdictWord(Verdict verdict) {
-  if (verdict == Verdict::notChecked) {
-    return "not checked";
-  }
-  return verdict == Verdict::sound ? "sound" : "not sound";
-}
-
-void printJson(const std::vector<FileResult>& results, const CheckOptions& options) {
-  nlohmann::ordered_json files = nlohmann::ordered_json::array();
-  for (const FileResult& result : results) {
-    files.push_back({{"file", result.file},
-                     {"verdict", verdictWord(result.verdict)},
-                     {"errors", messagesJson(result.errors)},
-                     {"warnings", messagesJson(result.warnings)}});
-  }
-  printReport({{"level", options.level}, {"strict", options.strict}, {"files", files}});
-}
-
-int statusOf(const std::vector<FileResult>& results) {
+int statusOf(const std::vector<CheckReport>& results) {
   int status = exitSound;
-  for (const FileResult& result : results) {
+  for (const CheckReport& result : results) {
     const int own = result.verdict == Verdict::sound    ? exitSound
                     : result.verdict == Verdict::errors ? exitErrors
                                                         : exitNotDone;
@@ -251,24 +174,34 @@ int statusOf(const std::vector<FileResult>& results) {
 }  // namespace
 
 int runCheck(const CheckOptions& options) {
-  const bool isText = !options.quiet && !options.json;
-  std::vector<FileResult> results;
-  ProgressBar progress(isText);
+  std::vector<CheckReport> reports;
+  ProgressBar progress(isText(options));
   for (const std::string& file : options.files) {
-    if (isText && options.files.size() > 1) {
+    if (isText(options) && options.files.size() > 1) {
       std::cerr << shownText(file) << ":" << std::endl;
     }
-    results.push_back(checkFile(file, options));
-    if (isText) {
-      std::cout << verdictLine(results.back()) << std::endl;
+    reports.push_back(checkFile(file, options));
+    if (isText(options)) {
+      std::cout << verdictLine(reports.back()) << std::endl;
     }
   }
-  if (options.json) {
-    printJson(results, options);
-  } else if (isText && results.size() > 1) {
-    std::cout << totalLine(results) << std::endl;
+  switch (options.format) {
+    case ReportFormat::text:
+      if (isText(options) && reports.size() > 1) {
+        std::cout << totalLine(reports) << std::endl;
+      }
+      break;
+    case ReportFormat::json:
+      printCheckJson(reports, options);
+      break;
+    case ReportFormat::junit:
+      printCheckJunit(reports, options);
+      break;
+    case ReportFormat::sarif:
+      printCheckSarif(reports, options);
+      break;
   }
-  return statusOf(results);
+  return statusOf(reports);
 }
 
 }  // namespace velto::orv

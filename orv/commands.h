@@ -18,6 +18,9 @@ enum ExitStatus : int {
   exitNotDone = 2,  ///< The command could not be carried out.
 };
 
+/// How the report of a check is written.
+enum class ReportFormat { text, json, junit, sarif };
+
 struct CheckOptions {
   std::vector<std::string> files;
   int level = 1;
@@ -26,7 +29,7 @@ struct CheckOptions {
   int partition = -1;
   std::string target;  ///< "restart", "post", "ppost", or "" for all.
   bool noLocationModel = false;
-  bool json = false;
+  ReportFormat format = ReportFormat::text;
   bool quiet = false;
   bool strict = false;
 };

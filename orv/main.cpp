@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <exception>
 #include <iostream>
+#include <map>
 #include <string>
 
 #include "orv/commands.h"
@@ -19,6 +20,11 @@ using namespace velto::orv;
 const char* const kFooter =
     "Results go to standard output, messages to standard error.\n"
     "Exit status: 0 sound or done, 1 the case has errors, 2 the command could not be carried out.";
+
+const std::map<std::string, ReportFormat> kReportFormats = {{"text", ReportFormat::text},
+                                                            {"json", ReportFormat::json},
+                                                            {"junit", ReportFormat::junit},
+                                                            {"sarif", ReportFormat::sarif}};
 
 constexpr std::uint64_t kMostCells = 1000000000000;
 
@@ -49,7 +55,17 @@ void addCheck(CLI::App& app, CheckOptions& options) {
                   "Leave out the location model and the physics objects that refer to it");
   check->add_flag("--strict", options.strict, "Let warnings count as errors");
   check->add_flag("-q,--quiet", options.quiet, "Print nothing; the exit status tells the verdict");
-  check->add_flag("--json", options.json, "Print one JSON document instead of text");
+  CLI::Option* format =
+      check
+          ->add_option("--format", options.format,
+                       "text for people; one document for programs: json, junit or sarif")
+          ->transform(CLI::CheckedTransformer(kReportFormats))
+          ->default_str("text");
+  check
+      ->add_flag_callback(
+          "--json", [&options] { options.format = ReportFormat::json; },
+          "The same as --format json")
+      ->excludes(format);
   check->footer(
       "Level 1 judges the file as a whole, the sizes of its meshes, their zones, the location model and\n"
       "the physics objects that refer to it. Level 2 reads the mesh as well: whether each id is one of the\n"
@@ -64,7 +80,8 @@ void addCheck(CLI::App& app, CheckOptions& options) {
       "  orv check case/ --level 2 -v 3        names each id that is wrong\n"
       "  orv check case/ -v 2                  shows sizes and zones as they are judged\n"
       "  orv check a/ b/ --quiet && run        go on only if both are sound\n"
-      "  orv check case/ --json > report.json  for other programs\n\n" +
+      "  orv check case/ --json > report.json  for other programs\n"
+      "  orv check *.orv --format junit        for a build server\n\n" +
       std::string(kFooter));
 }
 

@@ -55,7 +55,8 @@ Character characterAt(const std::string& text, std::size_t at) {
 bool isControl(std::uint32_t point) {
   return point < 0x20U || (point >= 0x7FU && point <= 0x9FU) || point == 0x061CU ||
          (point >= 0x200BU && point <= 0x200FU) || (point >= 0x2028U && point <= 0x202EU) ||
-         (point >= 0x2060U && point <= 0x206FU) || point == 0xFEFFU;
+         (point >= 0x2060U && point <= 0x206FU) || point == 0xFEFFU || point == 0xFFFEU ||
+         point == 0xFFFFU;
 }
 
 std::string escaped(std::uint32_t point) {

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "velto/CheckListener.h"
 #include "velto/export.h"
 
 #include "data_access/OrvTypes.h"
@@ -91,6 +92,11 @@ class VELTO_EXPORT OrvChecker {
   /// @name Checking
   /// @{
 
+  /// Has a listener hear what the checker does, from the next checkCase on; null (default) for
+  /// none. It is not owned, copies of the checker share it, and it has to live as long as they use
+  /// it. What is recorded and shown does not depend on it.
+  void setListener(CheckListener* value);
+
   /// Checks a case file. True when the list of errors is empty, also of errors that an earlier call
   /// left; false for a file of a newer major version, which is only a warning.
   ///
@@ -114,6 +120,9 @@ class VELTO_EXPORT OrvChecker {
   void addError(int level, const std::string& message);
   void addWarning(int level, const std::string& message);
   void displayStep(const std::string& step, const std::string& detail);
+  void tellFinding(CheckSeverity severity, const std::string& message);
+  void leaveOut(const CheckPlace& where, const std::string& step, CheckOmission reason);
+  void leaveOutSteps(std::initializer_list<const char*> steps);
   bool checkORVErrors();
   static std::string targetName(int category);
   std::string describeLocation() const;
@@ -256,6 +265,8 @@ class VELTO_EXPORT OrvChecker {
   std::vector<std::uint64_t*> cellNodePointers;
   std::vector<int> cellNodeCounts;
   std::vector<std::uint64_t> cutCellNodes;
+  CheckListener* listener = nullptr;
+  CheckPlace place;
   std::string currentStep;
   std::vector<std::string> errors;
   std::vector<std::string> warnings;

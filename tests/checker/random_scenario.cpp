@@ -264,12 +264,32 @@ NodeLists nodeListsOf(OrvChecker& checker) {
   return {faces.ids, faces.counts, cells.ids, cells.counts};
 }
 
+/// Collects what the checker records, as it records it.
+class Collector : public CheckListener {
+ public:
+  void onStep(const CheckPlace& /*place*/, const std::string& /*step*/) override {}
+  void onLeftOut(const CheckPlace& /*place*/, const std::string& /*step*/,
+                 CheckOmission /*reason*/) override {}
+
+  void onFinding(const CheckPlace& /*place*/, CheckSeverity severity, const std::string& step,
+                 const std::string& message) override {
+    (severity == CheckSeverity::error ? errors : warnings).push_back(step + " : " + message);
+  }
+
+  Texts errors;
+  Texts warnings;
+};
+
 struct CheckerSubject {
-  explicit CheckerSubject(TestFactory::ProviderMaker maker) : factory(std::move(maker)) {}
+  explicit CheckerSubject(TestFactory::ProviderMaker maker) : factory(std::move(maker)) {
+    checker.setListener(&collector);
+  }
 
   Judgement check(const std::string& fileName) {
     const StreamCapture streams;
     Judgement result = judgedBy(checker, fileName);
+    EXPECT_EQ(collector.errors, result.errors);
+    EXPECT_EQ(collector.warnings, result.warnings);
     result.out = streams.out();
     result.err = streams.err();
     result.cellZoneConnectivityTypes = checker_access::cellZoneConnectivityTypes(checker);
@@ -281,6 +301,7 @@ struct CheckerSubject {
   }
 
   TestFactory factory;
+  Collector collector;
   OrvChecker checker;
 };
 
