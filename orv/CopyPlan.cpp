@@ -192,9 +192,11 @@ CopyPlan planCopy(OrvFileProvider& source, const CaseSummary& summary, const Cop
     }
   }
   if (plan.meshes.empty()) {
-    throw std::runtime_error(fmt::format(
-        "{}: holds no such target or partition of mesh {}{}", summary.file, id,
-        holds(format, factory::Content::postTargets) ? "" : ", or none that this format can take"));
+    throw std::runtime_error(
+        fmt::format("{}: holds no such target or partition of mesh {}{}", summary.file, id,
+                    holds(format, factory::Content::postTargets)
+                        ? ""
+                        : ", or none but post targets, which this format does not take"));
   }
   const bool holdsSettings = holds(format, factory::Content::settings);
   plan.settings = options.settings && holdsSettings ? summary.settings.size() : 0;

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "orv/TextTable.h"
@@ -33,10 +34,19 @@ std::uint64_t bytesOf(const std::string& path) {
   return bytes;
 }
 
-std::uint64_t cellsOf(const CopyPlan& plan) {
-  std::uint64_t cells = 0;
+/// The cells of each place that is written: one for all partitions, or one for each.
+std::vector<std::uint64_t> cellsOfPlaces(const CopyFiles& files, const CopyPlan& plan) {
+  std::map<int, std::uint64_t> ofPartitions;
+  std::uint64_t all = 0;
   for (const PlannedMesh& mesh : plan.meshes) {
-    cells += mesh.cells;
+    ofPartitions[mesh.inCopy.partition] += mesh.cells;
+    all += mesh.cells;
+  }
+  const bool isSplit = files.written.size() >= ofPartitions.size() && ofPartitions.size() > 1 &&
+                       files.written[1] != files.destinationResults;
+  std::vector<std::uint64_t> cells;
+  for (const auto& [partition, count] : ofPartitions) {
+    cells.push_back(isSplit ? count : all);
   }
   return cells;
 }
@@ -137,10 +147,12 @@ void printCopyText(const CopyFiles& files, const CopyPlan& plan, const CopyOptio
   printLines(std::cerr, "orv: not carried by a copy: ", plan.leftBehind);
   printLines(std::cerr, fmt::format("orv: no place in {} for: ", files.format->name), plan.noPlace);
   std::cerr << std::flush;
-  for (const std::string& file : files.written) {
+  const std::vector<std::uint64_t> cells = cellsOfPlaces(files, plan);
+  for (std::size_t i = 0; i < files.written.size(); ++i) {
+    const std::string& file = files.written[i];
     const bool isResults = file == files.destinationResults;
     std::cout << fmt::format("{}: {}, {}{}\n", shownText(file),
-                             isResults ? "results" : counted(cellsOf(plan), "cell", "cells"),
+                             isResults ? "results" : counted(cells.at(i), "cell", "cells"),
                              sizeText(bytesOf(file)),
                              outcome.isVerified ? ", same as its source" : "");
   }

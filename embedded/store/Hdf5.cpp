@@ -303,8 +303,9 @@ namespace {
 
 void writeSmall(hid_t group, const std::string& where, const char* name, hid_t type,
                 const Handle& space, const void* data) {
+  const Handle creation = datasetCreation();
   const hid_t id = hdf5(where, "cannot be made", [&] {
-    return H5Dcreate2(group, name, type, space.id(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT);
+    return H5Dcreate2(group, name, type, space.id(), H5P_DEFAULT, creation.id(), H5P_DEFAULT);
   });
   const Handle dataset = handleOf(id, H5Dclose);
   hdf5(where, "cannot be written",

@@ -45,6 +45,13 @@ class QuietErrors {
   void* data_ = nullptr;
 };
 
+/// How new datasets are made: without the time, so that equal cases give equal files.
+inline Handle datasetCreation() {
+  Handle creation(H5Pcreate(H5P_DATASET_CREATE), H5Pclose);
+  H5Pset_obj_track_times(creation.id(), false);
+  return creation;
+}
+
 /// The deepest reason that HDF5 has for its last failure.
 inline std::string hdf5Reason() {
   std::string reason;

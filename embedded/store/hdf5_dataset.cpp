@@ -71,7 +71,7 @@ hid_t numberTypeId(NumberType type) {
 Dataset Group::makeDataset(const std::string& name, NumberType type, std::uint64_t rows,
                            std::uint64_t chunkRows) {
   const Hdf5Turn turn;
-  const Handle creation(H5Pcreate(H5P_DATASET_CREATE), H5Pclose);
+  const Handle creation = datasetCreation();
   const hsize_t extent = chunkRows == 0 ? rows : 0;
   const hsize_t most = chunkRows == 0 ? rows : H5S_UNLIMITED;
   const Handle space(H5Screate_simple(1, &extent, &most), H5Sclose);

@@ -13,6 +13,7 @@ import re
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 import jsonschema
@@ -375,6 +376,15 @@ class Sample(CommandLine):
             self.assertEqual(pathlib.Path(self.folder.name, kept).read_text(encoding="utf-8"),
                              "mine\n")
         self.assertFalse(self.exists("other.orv"))
+
+    def test_writes_the_same_bytes_each_time(self):
+        self.orv("sample", "results", "first.orv", "--cells", "27")
+        time.sleep(1.1)  # no file knows when it was made
+        self.orv("sample", "results", "second.orv", "--cells", "27")
+        for ending in ("orv", "orvr"):
+            first, second = (pathlib.Path(self.folder.name, f"{name}.{ending}").read_bytes()
+                             for name in ("first", "second"))
+            self.assertEqual(first, second)
 
     def test_says_what_it_wrote(self):
         status, out, err = self.orv("sample", "results", "flow.orv", "--cells", "27")
