@@ -1,11 +1,13 @@
-# What is installed: the libraries, the program, the public and the contract's headers, and the
-# package that find_package(velto) finds.
+# What is installed: the libraries, the program, the headers of the tools, of the contract and of what
+# formats are written with, and the package that find_package(velto) finds.
 
 include(CMakePackageConfigHelpers)
 
-set(velto_libraries velto_contract veltofluidsorvinterface veltofluidsorvutilities)
-if(TARGET veltofluidsfactory)
-  list(APPEND velto_libraries veltofluidsfactory)
+set(velto_libraries velto_contract veltofluidsorvutilities)
+set(velto_header_folders include/velto data_access)
+if(VELTO_EMBEDDED)
+  list(APPEND velto_libraries veltofluidsorvinterface veltofluidsfactory)
+  list(APPEND velto_header_folders embedded/base embedded/memory)
 endif()
 
 foreach(library IN LISTS velto_libraries)
@@ -18,15 +20,20 @@ foreach(library IN LISTS velto_libraries)
 endforeach()
 
 install(TARGETS ${velto_libraries} EXPORT veltoTargets)
-if(TARGET orv)
+if(VELTO_BUILD_ORV)
   set_target_properties(orv PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
   install(TARGETS orv)
 endif()
 
-foreach(folder include/velto data_access)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-    FILES_MATCHING PATTERN "*.h")
+foreach(folder IN LISTS velto_header_folders)
+  string(REGEX REPLACE "^include/" "" destination ${folder})
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${destination} FILES_MATCHING PATTERN "*.h")
 endforeach()
+
+if(VELTO_EMBEDDED)
+  install(FILES ${PROJECT_SOURCE_DIR}/factory/makers.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/factory)
+endif()
 
 set(velto_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/velto)
 if(NOT BUILD_SHARED_LIBS)

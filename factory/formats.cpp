@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The list of formats, and the two factory functions that go by it.
+// The list of formats, and the makers that go by it.
 
 #include "factory/formats.h"
 
 #include <algorithm>
 
-#include "data_access/OrvFactory.h"
-
 #include "embedded/memory/MemoryConsumer.h"
 #include "embedded/store/StoreConsumer.h"
 #include "embedded/store/StoreProvider.h"
 #include "embedded/store/file_names.h"
+#include "factory/makers.h"
 #include "formats/openfoam/OpenFoamConsumer.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/locate.h"
@@ -119,20 +118,20 @@ const Format* formatOf(const std::string& fileName) {
   return nullptr;
 }
 
-}  // namespace factory
-
-OrvFileProvider* getDataProvider(const std::string& fileName) {
-  const factory::Format* format = factory::formatOf(fileName);
+OrvFileProvider* makeProvider(const std::string& fileName) {
+  const Format* format = formatOf(fileName);
   return format == nullptr ? nullptr : format->makeProvider();
 }
 
-OrvFileConsumer* getDataConsumer(OrvFileFormatType format) {
-  for (const factory::Format& candidate : factory::formats()) {
-    if (candidate.type == format && candidate.makeConsumer != nullptr) {
+OrvFileConsumer* makeConsumer(OrvFileFormatType type) {
+  for (const Format& candidate : formats()) {
+    if (candidate.type == type && candidate.makeConsumer != nullptr) {
       return candidate.makeConsumer();
     }
   }
   return nullptr;
 }
+
+}  // namespace factory
 
 }  // namespace velto

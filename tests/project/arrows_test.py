@@ -32,10 +32,13 @@ ARROWS = {
     "samples": ["data_access", "embedded"],
     "testing": ["data_access", "embedded/base", "embedded/memory"],
     "orv": ["include/velto", "data_access", "factory", "samples"],
+    # What is installed. An example is a project of its own, which names its own headers shortly.
+    "examples": ["include/velto", "data_access", "embedded/base", "embedded/memory",
+                 "factory/makers.h"],
 }
 
 # Folders that may include every layer, and any library.
-FREE = ["tests", "benchmarks", "fuzz", "examples"]
+FREE = ["tests", "benchmarks", "fuzz"]
 
 # Which layers may include headers of which library. All may include the standard library.
 LIBRARIES = {
@@ -95,15 +98,22 @@ def judge_library(row, included):
     return None
 
 
+def find_included(root, path, included):
+    """The file of the project that an include of the file `path` means, or None."""
+    names = [included, "include/" + included]
+    if is_in(path, "examples"):
+        names += [f"examples/{folder}/{included}"
+                  for folder in sorted(os.listdir(os.path.join(root, "examples")))]
+    return next((name for name in names if os.path.isfile(os.path.join(root, name))), None)
+
+
 def judge_include(root, path, quoted, angled):
     """What is wrong with one include of the file `path`, or None."""
     row, own, free = layer_of(path)
     included = quoted if quoted is not None else angled
     if ".." in included.split("/"):
         return f'"{included}" climbs; includes are written from the root'
-    target = next(
-        (name for name in (included, "include/" + included)
-         if os.path.isfile(os.path.join(root, name))), None)
+    target = find_included(root, path, included)
     if target is None:
         if quoted is not None:
             return f'"{included}" is no file of this project; includes are written from the root'
@@ -148,6 +158,8 @@ class Arrows(unittest.TestCase):
         "formats/foam/read.h": '#include <zlib.h>\n#include "embedded/memory/Case.h"\n',
         "factory/list.cpp": '#include "formats/foam/read.h"\n#include "embedded/base/Tables.h"\n',
         "orv/main.cpp": '#include <CLI/CLI.hpp>\n\n#include "velto/Tool.h"\n',
+        "examples/host/own.h": '#include "embedded/memory/Case.h"\n',
+        "examples/host/main.cpp": '#include "velto/Tool.h"\n\n#include "own.h"\n',
         "tests/all.cpp": '#include <gtest/gtest.h>\n\n#include "embedded/base/Tables.h"\n',
     }
 
@@ -169,6 +181,11 @@ class Arrows(unittest.TestCase):
         self.assertEqual(
             self.complaints({"checker/frame.cpp": text}),
             ['checker/frame.cpp:2: no arrow from checker to "embedded/base/Tables.h"'])
+
+    def test_an_example_sees_what_is_installed_only(self):
+        self.assertEqual(
+            self.complaints({"examples/host/more.cpp": '#include "formats/foam/read.h"\n'}),
+            ['examples/host/more.cpp:1: no arrow from examples to "formats/foam/read.h"'])
 
     def test_a_public_header_sees_the_forward_header_only(self):
         self.assertEqual(

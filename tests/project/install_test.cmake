@@ -1,18 +1,8 @@
-# Installs the project to a scratch folder, builds the example host against the installed package,
-# and has it check a sound mesh and a damaged one.
-
-# run(<status> COMMAND...) runs a command and fails if it does not end with that status.
-function(run status)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
-    ERROR_VARIABLE output)
-  if(NOT result EQUAL status)
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\nended with ${result} instead of ${status}:\n${output}")
-  endif()
-endfunction()
+# Installs the project to a scratch folder, builds the examples with the installed package, and runs
+# them.
+include(${CMAKE_CURRENT_LIST_DIR}/scratch.cmake)
 
 set(prefix ${SCRATCH_DIR}/prefix)
-file(REMOVE_RECURSE ${SCRATCH_DIR})
 run(0 ${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${prefix})
 
 # Nothing that was installed as text remembers where it was built.
@@ -25,14 +15,20 @@ foreach(text IN LISTS texts)
   endif()
 endforeach()
 
-run(0 ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${SCRATCH_DIR}/host -G ${GENERATOR}
-  -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_BUILD_TYPE=${CONFIG} -D CMAKE_CXX_COMPILER=${COMPILER})
-run(0 ${CMAKE_COMMAND} --build ${SCRATCH_DIR}/host --config ${CONFIG})
+# The installed headers need no other.
+file(GLOB_RECURSE headers RELATIVE ${prefix}/include ${prefix}/include/*.h)
+list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"\n")
+list(JOIN headers "" content)
+file(WRITE ${SCRATCH_DIR}/headers.cpp "${content}")
+run(0 ${COMPILER} -std=c++17 -fsyntax-only -I ${prefix}/include ${SCRATCH_DIR}/headers.cpp)
 
-run(0 ${MAKE_POLYMESH} ${SCRATCH_DIR}/sound 2 2 2)
-run(0 ${SCRATCH_DIR}/host/host ${SCRATCH_DIR}/sound)
-run(0 ${MAKE_POLYMESH} ${SCRATCH_DIR}/damaged 2 2 2 --damage truncated)
-run(1 ${SCRATCH_DIR}/host/host ${SCRATCH_DIR}/damaged)
+foreach(example host own_source own_source_beside tools)
+  configure(${SOURCE_DIR}/examples/${example} ${SCRATCH_DIR}/${example} -D CMAKE_PREFIX_PATH=${prefix})
+  build(${SCRATCH_DIR}/${example} all)
+endforeach()
+try_host(${SCRATCH_DIR}/host)
+include(${CMAKE_CURRENT_LIST_DIR}/try_own_source.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/try_tools.cmake)
 if(EXISTS ${prefix}/bin/orv)
   run(0 ${prefix}/bin/orv --help)
 endif()
