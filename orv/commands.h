@@ -91,6 +91,12 @@ struct CopyOptions {
   bool json = false;
 };
 
+struct ExplainOptions {
+  std::vector<std::string> texts;  ///< Messages or ids, "-" for standard input.
+  bool list = false;
+  bool json = false;
+};
+
 struct FormatsOptions {
   bool json = false;
 };
@@ -110,6 +116,7 @@ int runInfo(const InfoOptions& options);
 int runModel(const ModelOptions& options);
 int runRegions(const RegionsOptions& options);
 int runCopy(const CopyOptions& options);
+int runExplain(const ExplainOptions& options);
 int runFormats(const FormatsOptions& options);
 int runSample(const SampleOptions& options);
 

@@ -3,11 +3,13 @@
 // orv: the command line.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <iostream>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "orv/commands.h"
 #include "orv/shown_name.h"
@@ -215,6 +217,28 @@ void addCopy(CLI::App& app, CopyOptions& options) {
       std::string(kFooter));
 }
 
+void addExplain(CLI::App& app, ExplainOptions& options) {
+  CLI::App* explain = app.add_subcommand("explain", "Say what messages mean, and what to do");
+  explain->add_option(
+      "TEXT", options.texts,
+      "Messages as they were printed or recorded, or ids of --list; - for standard input");
+  explain->add_flag("--list", options.list, "List all messages of the tools with their ids");
+  explain->add_flag("--json", options.json, "Print one JSON document instead of text");
+  explain->footer(
+      "A message may be pasted as it stands: with its step or without, behind \"Error:\" or \"Warning:\",\n"
+      "wrapped by a terminal, with the name of a log in front. <...> stands for a value. What comes on\n"
+      "standard input is a log: its messages are explained once each, with how many lines have them, and\n"
+      "its other lines are counted. Without TEXT a log is read if standard input is no terminal.\n\n"
+      "Examples:\n"
+      "  orv explain 'Error: checkFaceZones: Overlapping Face ranges'\n"
+      "  orv explain --list                        all messages, with their ids\n"
+      "  orv check case/ 2>&1 | orv explain        whatever a check finds\n"
+      "  orv explain < solver.log\n"
+      "  orv explain --list --json | jq -r '.entries[].remedy'\n\n"
+      "Exit status 1 also tells that a text is no message of the tools, or that a log holds none.\n" +
+      std::string(kFooter));
+}
+
 void addFormats(CLI::App& app, FormatsOptions& options) {
   CLI::App* formats =
       app.add_subcommand("formats", "List the formats that can be read and written");
@@ -248,6 +272,32 @@ void addSample(CLI::App& app, SampleOptions& options) {
       std::string(kFooter));
 }
 
+/// Stands in front of a text in square brackets, which the parser would take apart as a list.
+constexpr char kWholeMark = '\x01';
+
+bool isTakenApart(const std::string& text) {
+  return text.size() > 1 && (text.front() == '[' || text.front() == kWholeMark) &&
+         text.back() == ']';
+}
+
+/// The arguments, last first as the parser wants them, texts to explain with their marks.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+  std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+  if (!arguments.empty() && arguments.front() == "explain") {
+    for (std::string& text : arguments) {
+      text.insert(0, isTakenApart(text) ? 1 : 0, kWholeMark);
+    }
+  }
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
+}
+
+void dropMarks(std::vector<std::string>& texts) {
+  for (std::string& text : texts) {
+    text.erase(0, isTakenApart(text) ? 1 : 0);
+  }
+}
+
 int run(int argc, char** argv) {
   CLI::App app("orv checks and explains case files of fluid-simulation programs.", "orv");
   app.set_version_flag("--version", std::string("orv ") + ORV_VERSION);
@@ -263,6 +313,7 @@ int run(int argc, char** argv) {
   ModelOptions model;
   RegionsOptions regions;
   CopyOptions copy;
+  ExplainOptions explain;
   FormatsOptions formats;
   SampleOptions sample;
   addCheck(app, check);
@@ -270,10 +321,11 @@ int run(int argc, char** argv) {
   addModel(app, model);
   addRegions(app, regions);
   addCopy(app, copy);
+  addExplain(app, explain);
   addFormats(app, formats);
   addSample(app, sample);
   try {
-    app.parse(argc, argv);
+    app.parse(argumentsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? exitSound : exitNotDone;
   }
@@ -291,6 +343,10 @@ int run(int argc, char** argv) {
   }
   if (app.got_subcommand("copy")) {
     return runCopy(copy);
+  }
+  if (app.got_subcommand("explain")) {
+    dropMarks(explain.texts);
+    return runExplain(explain);
   }
   return app.got_subcommand("sample") ? runSample(sample) : runFormats(formats);
 }

@@ -30,8 +30,9 @@ ARROWS = {
     "formats/*": ["data_access", "embedded/base", "embedded/memory"],
     "factory": ["data_access", "embedded", "formats"],
     "samples": ["data_access", "embedded"],
+    "catalogue": [],
     "testing": ["data_access", "embedded/base", "embedded/memory"],
-    "orv": ["include/velto", "data_access", "factory", "samples"],
+    "orv": ["include/velto", "data_access", "factory", "samples", "catalogue"],
     # What is installed. An example is a project of its own, which names its own headers shortly.
     "examples": ["include/velto", "data_access", "embedded/base", "embedded/memory",
                  "factory/makers.h"],
