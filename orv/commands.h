@@ -111,6 +111,10 @@ struct SampleOptions {
   bool json = false;
 };
 
+struct CompletionOptions {
+  std::string shell;  ///< "bash", "zsh" or "fish".
+};
+
 int runCheck(const CheckOptions& options);
 int runInfo(const InfoOptions& options);
 int runModel(const ModelOptions& options);

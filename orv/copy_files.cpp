@@ -30,15 +30,14 @@ std::vector<const factory::Format*> writableFormats() {
 }
 
 const factory::Format* formatNamed(const std::string& name) {
-  std::vector<std::string> names;
   for (const factory::Format* format : writableFormats()) {
     if (format->name == name) {
       return format;
     }
-    names.emplace_back(format->name);
   }
   throw std::runtime_error(fmt::format("no format that can be written is named {}; {}{}", name,
-                                       guessWords(name, names), "`orv formats` lists all"));
+                                       guessWords(name, writableFormatNames()),
+                                       "`orv formats` lists all"));
 }
 
 /// The format that the name of a destination tells: by its ending, or the one of folders.
@@ -105,6 +104,14 @@ std::vector<std::string> placesWritten(const CopyFiles& files, const std::set<in
 }
 
 }  // namespace
+
+std::vector<std::string> writableFormatNames() {
+  std::vector<std::string> names;
+  for (const factory::Format* format : writableFormats()) {
+    names.emplace_back(format->name);
+  }
+  return names;
+}
 
 CopyFiles chooseFiles(const CopyOptions& options) {
   CopyFiles files;

@@ -24,6 +24,9 @@ struct CopyFiles {
   std::vector<std::string> written;
 };
 
+/// The words for all formats that `orv copy` can write.
+std::vector<std::string> writableFormatNames();
+
 /// Decides on names and format, before anything is read. Throws std::runtime_error, with a reason
 /// for the user, if the format is not known or cannot be written, or if a copy without partitions
 /// would write onto its source or, without being told to, onto files that are there.

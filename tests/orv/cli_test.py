@@ -233,6 +233,37 @@ class Check(CommandLine):
         os.close(theirs)
 
 
+class Usage(CommandLine):
+    def test_names_the_command_that_is_not_there(self):
+        self.assertEqual(self.orv("chekc", "sound"),
+                         (2, "", "orv: no command is named chekc; did you mean check? "
+                                 "`orv --help` lists all\n"))
+        self.assertEqual(self.orv("sound"),
+                         (2, "", "orv: no command is named sound; `orv --help` lists all\n"))
+
+    def test_shows_the_commands_when_none_is_given(self):
+        status, out, err = self.orv()
+        self.assertEqual((status, out), (2, ""))
+        self.assertTrue(err.startswith("orv: expected a command\n\norv checks and explains"), err)
+        self.assertIn(self.orv("--help")[1].strip(), err)
+
+    def test_points_to_the_help_of_the_command(self):
+        status, out, err = self.orv("check", "sound", "--levle", "2")
+        self.assertEqual((status, out), (2, ""))
+        self.assertRegex(err, r"\Aorv: .*--levle.*; `orv check --help` shows examples\n\Z")
+
+    def test_takes_names_in_square_brackets_as_they_are(self):
+        for arguments in (["check", "[a,b]"], ["info", "[sound]"], ["model", "[]"],
+                          ["regions", "[a]"], ["copy", "[a,b]", "[c].orv"]):
+            err = self.orv(*arguments)[2]
+            self.assertNotIn("\\x01", err)
+            if arguments[0] != "check":
+                self.assertIn(f"orv: {arguments[1]}: no such file or folder\n", err)
+        self.orv("sample", "box", "[a].orv", "--cells", "8")
+        self.orv("copy", "[a].orv", "[b]/")
+        self.assertEqual(self.orv("check", "[b]", "--no-location-model", "-q"), (0, "", ""))
+
+
 class Info(CommandLine):
     def test_shows_the_tables_of_a_mesh(self):
         status, out, err = self.orv("info", "sound")
@@ -301,7 +332,18 @@ class Other(CommandLine):
             self.assertEqual((status, err), (0, ""))
             self.assertIn("Example", out)
             self.assertIn("Exit status: 0 sound or done", out)
-        self.assertEqual(self.orv("--version")[0], 0)
+
+    def test_tells_what_it_was_built_with(self):
+        status, out, err = self.orv("--version")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(out.splitlines()[:2], ["orv 0.1.0", ""])
+        rows = [re.split("  +", line, maxsplit=1) for line in out.splitlines()[2:]]
+        self.assertEqual([name for name, _ in rows],
+                         ["compiler", "build type", "HDF5", "zstd", "xxHash", "zlib", "CLI11",
+                          "fmt", "nlohmann-json"])
+        for name, version in rows[2:]:
+            self.assertRegex(version, r"^\d+(\.\d+)+( \(built with [\d.]+\))?$", name)
+        self.assertNotIn("/", out)  # no path of the machine that it was built on
 
     def test_refuses_a_command_line_that_it_does_not_understand(self):
         for arguments in ([], ["chekc"], ["check"], ["check", "sound", "--level", "7"],

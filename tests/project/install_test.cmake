@@ -31,4 +31,8 @@ include(${CMAKE_CURRENT_LIST_DIR}/try_own_source.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/try_tools.cmake)
 if(EXISTS ${prefix}/bin/orv)
   run(0 ${prefix}/bin/orv --help)
+  foreach(page man/man1/orv.1 bash-completion/completions/orv zsh/site-functions/_orv
+      fish/vendor_completions.d/orv.fish)
+    run(0 ${CMAKE_COMMAND} -E cat ${prefix}/share/${page})
+  endforeach()
 endif()
