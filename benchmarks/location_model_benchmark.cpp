@@ -4,7 +4,6 @@
 // Beside it stand one pass over the same tables, and the two lists of each face zone read again for
 // each cell zone without anything made of them.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdint>
 #include <list>

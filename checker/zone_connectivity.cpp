@@ -12,7 +12,6 @@
 #include <iostream>
 #include <list>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "velto/OrvChecker.h"

@@ -5,7 +5,6 @@
 #ifndef VELTO_COPIER_MOVERS_H
 #define VELTO_COPIER_MOVERS_H
 
-#include <cstdint>
 #include <map>
 
 #include "data_access/OrvConsumer.h"

@@ -2,8 +2,6 @@
 //
 // Fuzzes the OpenFOAM reader, and the writer with what was read: any files in a case folder.
 
-#include <memory>
-#include <string_view>
 #include <vector>
 
 #include "velto/OrvChecker.h"

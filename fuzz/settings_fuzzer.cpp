@@ -4,7 +4,6 @@
 // checked and copied into another case.
 
 #include <algorithm>
-#include <memory>
 #include <string_view>
 #include <vector>
 

@@ -53,14 +53,10 @@ void addVariables(OrvProvider& provider, MeshSummary& mesh) {
   }
 }
 
-MeshSummary meshOf(OrvProvider& provider, int mesh, int target, int partition) {
+MeshSummary meshAt(OrvProvider& provider, const Selection& at) {
   MeshSummary summary;
-  summary.mesh = mesh;
-  summary.target = target;
-  summary.partition = partition;
-  provider.setMeshId(mesh);
-  provider.setTarget(static_cast<OrvTargetCategory>(target));
-  provider.setPartitionId(partition);
+  summary.at = at;
+  select(provider, at);
   provider.getMeshSize(meshDimension, summary.dimension);
   provider.getMeshSize(meshNodeCount, summary.nodes);
   provider.getMeshSize(meshFaceCount, summary.faces);
@@ -101,7 +97,7 @@ CaseSummary summarise(const std::string& file, OrvFileProvider& provider) {
     }
     for (const int target : targets) {
       for (const int partition : partitions) {
-        summary.meshes.push_back(meshOf(provider, mesh, target, partition));
+        summary.meshes.push_back(meshAt(provider, {mesh, target, partition}));
       }
     }
   }

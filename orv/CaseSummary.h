@@ -14,6 +14,8 @@
 #include "data_access/OrvTypes.h"
 #include "data_access/fwd.h"
 
+#include "orv/Selection.h"
+
 namespace velto::orv {
 
 struct ZoneSummary {
@@ -41,9 +43,7 @@ struct VariableSummary {
 
 /// One mesh, target and partition.
 struct MeshSummary {
-  int mesh = 0;
-  int target = 0;
-  int partition = -1;
+  Selection at;
   std::uint64_t dimension = 0;
   std::uint64_t nodes = 0;
   std::uint64_t faces = 0;

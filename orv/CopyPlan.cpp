@@ -103,9 +103,9 @@ std::uint64_t meshBytes(OrvProvider& source, const CopyOptions& options) {
 std::uint64_t resultsBytes(const MeshSummary& mesh) {
   std::uint64_t values = 0;
   for (const VariableSummary& variable : mesh.variables) {
+    const std::set<int> zones(variable.zones.begin(), variable.zones.end());
     for (const ZoneSummary& zone : mesh.zones) {
-      const bool isOn = zone.category == variable.category &&
-                        std::count(variable.zones.begin(), variable.zones.end(), zone.id) != 0;
+      const bool isOn = zone.category == variable.category && zones.count(zone.id) != 0;
       values += isOn ? zone.count * variable.valuesPerEntity : 0;
     }
   }
@@ -116,7 +116,7 @@ std::uint64_t resultsBytes(const MeshSummary& mesh) {
 int chosenMesh(const CaseSummary& summary, const CopyOptions& options) {
   std::set<int> ids;
   for (const MeshSummary& mesh : summary.meshes) {
-    ids.insert(mesh.mesh);
+    ids.insert(mesh.at.mesh);
   }
   if (ids.empty()) {
     throw std::runtime_error(summary.file + ": holds no mesh");
@@ -134,9 +134,9 @@ int chosenMesh(const CaseSummary& summary, const CopyOptions& options) {
 }
 
 bool isWanted(const MeshSummary& mesh, int id, const CopyOptions& options) {
-  return mesh.mesh == id &&
-         (options.target.empty() || options.target == targetOption(mesh.target)) &&
-         (options.partition == -1 || options.partition == mesh.partition);
+  return mesh.at.mesh == id &&
+         (options.target.empty() || options.target == targetOption(mesh.at.target)) &&
+         (options.partition == -1 || options.partition == mesh.at.partition);
 }
 
 CopyPlan::Model plannedModel(const CaseSummary& summary, const CopyPlan& plan,
@@ -173,14 +173,13 @@ CopyPlan planCopy(OrvFileProvider& source, const CaseSummary& summary, const Cop
   const bool holdsResults = options.results && holds(format, factory::Content::results);
   for (const MeshSummary& mesh : summary.meshes) {
     const bool isHeld =
-        mesh.target == targetRestart || holds(format, factory::Content::postTargets);
+        mesh.at.target == targetRestart || holds(format, factory::Content::postTargets);
     if (!isWanted(mesh, id, options) || !isHeld) {
       continue;
     }
-    const Selection inSource = {mesh.mesh, mesh.target, mesh.partition};
-    select(source, inSource);
-    plan.meshes.push_back({inSource,
-                           {1, mesh.target, mesh.partition},
+    select(source, mesh.at);
+    plan.meshes.push_back({mesh.at,
+                           {1, mesh.at.target, mesh.at.partition},
                            mesh.zones.size(),
                            mesh.nodes,
                            mesh.faces,

@@ -14,9 +14,8 @@ namespace velto::orv {
 struct Interrupted {};
 
 /// While it lives, the first interrupt, hangup or request to terminate is remembered; a second one
-/// ends the program at once. What is ignored stays ignored. Nobody reading what
-/// is printed is no reason to end: the program would leave behind what is half written. One object
-/// at a time.
+/// ends the program at once. What is ignored stays ignored. That nobody reads what is printed is no
+/// reason to end: the program would leave behind what is half written. One object at a time.
 class InterruptWatch {
  public:
   InterruptWatch();

@@ -13,6 +13,8 @@
 #include "data_access/OrvFileProvider.h"
 #include "data_access/location_models.h"
 
+#include "orv/Selection.h"
+
 namespace velto::orv {
 
 namespace {
@@ -56,9 +58,7 @@ bool chooseMesh(OrvFileProvider& provider, int wanted, ModelSummary& summary) {
   if (summary.target == targetPartitionedPost && !partitions.empty()) {
     summary.partition = partitions.front();
   }
-  provider.setMeshId(summary.mesh);
-  provider.setTarget(static_cast<OrvTargetCategory>(summary.target));
-  provider.setPartitionId(summary.partition);
+  select(provider, {summary.mesh, summary.target, summary.partition});
   return true;
 }
 
@@ -122,7 +122,6 @@ class ModelReader {
     }
     std::vector<int> boundary;
     model_.getBodyBoundary(id, boundary);
-    body.boundary = boundary.size();
     for (const int use : boundary) {
       meetFaceUse(use).body = id;
     }

@@ -7,7 +7,6 @@
 #define VELTO_ORV_MODEL_SUMMARY_H
 
 #include <array>
-#include <cstddef>
 #include <map>
 #include <memory>
 #include <optional>
@@ -37,7 +36,6 @@ struct ZoneOfModel {
 struct BodyOfModel {
   ModelName name;
   std::optional<std::vector<int>> zones;  ///< Nothing if the body has no place in the mesh.
-  std::size_t boundary = 0;               ///< Face uses.
 };
 
 struct FaceOfModel {

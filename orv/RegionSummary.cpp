@@ -4,7 +4,6 @@
 
 #include "orv/RegionSummary.h"
 
-#include <algorithm>
 #include <fmt/format.h>
 #include <set>
 #include <utility>

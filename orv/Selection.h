@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <fmt/format.h>
 #include <string>
+#include <tuple>
 
 #include "data_access/OrvBase.h"
 
@@ -24,6 +25,9 @@ struct Selection {
 
   friend bool operator==(const Selection& a, const Selection& b) {
     return a.mesh == b.mesh && a.target == b.target && a.partition == b.partition;
+  }
+  friend bool operator<(const Selection& a, const Selection& b) {
+    return std::tie(a.mesh, a.target, a.partition) < std::tie(b.mesh, b.target, b.partition);
   }
 };
 

@@ -2,19 +2,15 @@
 //
 // orv copy: carries a case into another file and format.
 
-#include <filesystem>
 #include <fmt/format.h>
 #include <iostream>
-#include <stdexcept>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "velto/OrvCopier.h"
 
 #include "data_access/OrvFactory.h"
 
-#include "factory/file_names.h"
 #include "orv/CaseComparison.h"
 #include "orv/CaseSummary.h"
 #include "orv/CopyPlan.h"

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <set>
 
 #include "data_access/OrvFileProvider.h"
 #include "data_access/families.h"
@@ -95,24 +96,24 @@ bool holds(const factory::Format& format, Content content) {
 
 std::vector<std::string> whatIsLeftBehind(OrvFileProvider& source, const CaseSummary& summary,
                                           const CopyPlan& plan, const CopyOptions& options) {
+  std::set<Selection> planned;
+  for (const PlannedMesh& mesh : plan.meshes) {
+    planned.insert(mesh.inSource);
+  }
   std::vector<std::string> lines;
   for (const MeshSummary& mesh : summary.meshes) {
-    const Selection at = {mesh.mesh, mesh.target, mesh.partition};
-    const bool isPlanned =
-        std::any_of(plan.meshes.begin(), plan.meshes.end(),
-                    [&at](const PlannedMesh& planned) { return planned.inSource == at; });
-    if (isPlanned) {
-      select(source, at);
-      MeshLosses losses(source, wordsOf(at), lines);
+    if (planned.count(mesh.at) != 0) {
+      select(source, mesh.at);
+      MeshLosses losses(source, wordsOf(mesh.at), lines);
       losses.addLinks(mesh);
-      losses.addFamilies(mesh.target != targetRestart);
+      losses.addFamilies(mesh.at.target != targetRestart);
       if (options.results && !mesh.variables.empty() && plan.results.variables != 0 &&
-          !(at == plan.meshes[plan.results.mesh].inSource)) {
-        lines.push_back(wordsOf(at) + ": its results; a copy carries those of one mesh");
+          !(mesh.at == plan.meshes[plan.results.mesh].inSource)) {
+        lines.push_back(wordsOf(mesh.at) + ": its results; a copy carries those of one mesh");
       }
     } else if (options.mesh == 0 && options.target.empty() && options.partition == -1 &&
-               mesh.target == targetRestart) {
-      lines.push_back(wordsOf(at) + ": the mesh");
+               mesh.at.target == targetRestart) {
+      lines.push_back(wordsOf(mesh.at) + ": the mesh");
     }
   }
   return lines;
@@ -130,7 +131,7 @@ std::vector<std::string> whatHasNoPlace(const CaseSummary& summary, const CopyOp
   std::size_t variables = 0;
   std::size_t faces = 0;
   for (const MeshSummary& mesh : summary.meshes) {
-    posts += mesh.target == targetRestart ? 0 : 1;
+    posts += mesh.at.target == targetRestart ? 0 : 1;
     variables += mesh.variables.size();
     faces += mesh.faces;
   }

@@ -100,10 +100,10 @@ void printText(const CaseSummary& summary) {
   }
   for (const MeshSummary& mesh : summary.meshes) {
     std::cout << fmt::format(
-        "\nmesh {}, {}{}: {}-D, {} nodes, {} faces, {} cells{}\n", mesh.mesh,
-        targetWord(mesh.target),
-        mesh.partition == -1 ? "" : fmt::format(", partition {}", mesh.partition), mesh.dimension,
-        mesh.nodes, mesh.faces, mesh.cells,
+        "\nmesh {}, {}{}: {}-D, {} nodes, {} faces, {} cells{}\n", mesh.at.mesh,
+        targetWord(mesh.at.target),
+        mesh.at.partition == -1 ? "" : fmt::format(", partition {}", mesh.at.partition),
+        mesh.dimension, mesh.nodes, mesh.faces, mesh.cells,
         mesh.units.empty() ? "" : ", unit " + shownName(mesh.units));
     printZones(mesh);
     printVariables(mesh);
@@ -146,9 +146,9 @@ nlohmann::ordered_json meshJson(const MeshSummary& mesh) {
                          {"valuesPerElement", variable.valuesPerEntity},
                          {"zones", variable.zones}});
   }
-  return {{"mesh", mesh.mesh},
-          {"target", targetWord(mesh.target)},
-          {"partition", mesh.partition},
+  return {{"mesh", mesh.at.mesh},
+          {"target", targetWord(mesh.at.target)},
+          {"partition", mesh.at.partition},
           {"units", mesh.units},
           {"sizes",
            {{"dimension", mesh.dimension},

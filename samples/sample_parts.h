@@ -6,7 +6,6 @@
 #define VELTO_SAMPLES_SAMPLE_PARTS_H
 
 #include <cstdint>
-#include <string>
 
 #include "embedded/base/CaseTables.h"
 #include "samples/GridMesh.h"

@@ -13,19 +13,15 @@
 
 #include "data_access/OrvFileConsumer.h"
 
-#include "testing/call_text.h"
+#include "testing/Forwarding.h"
 
 namespace velto::testing {
 
-/// Stands in front of a target, which outlives it and stays the caller's. Virtual calls are passed
-/// on; the setters and queries that are not virtual act as the target's do, because both share one
-/// state.
-///
 /// A decorator overrides an operation, or listens: it then hears of every virtual call as a line
-/// before the target gets it.
-class ForwardingConsumer : public OrvFileConsumer {
+/// before the target gets it, buffers with their values ("writeFaceCell0(2, [1, 1])").
+class ForwardingConsumer : public Forwarding<OrvFileConsumer> {
  public:
-  explicit ForwardingConsumer(OrvFileConsumer& target);
+  explicit ForwardingConsumer(OrvFileConsumer& target) : Forwarding(target) {}
 
   void setBaseOption(bool option) override;
   std::uint64_t getZoneCount(OrvZoneCategory category) override;
@@ -100,26 +96,6 @@ class ForwardingConsumer : public OrvFileConsumer {
   void endPhase() override;
   void setPhaseDescription(short phaseId, const std::string& text) override;
   void setVariableDescription(int variableId, const std::string& text) override;
-
- protected:
-  OrvFileConsumer& target() const { return target_; }
-
-  /// Whether the hook below is called.
-  virtual bool listens() const { return false; }
-
-  /// A call is about to be passed on: its operation with the arguments that go in, buffers with
-  /// their values ("writeFaceCell0(2, [1, 1])").
-  virtual void onCall(const std::string& call);
-
- private:
-  template <class... Arguments>
-  void tell(const char* operation, const Arguments&... arguments) {
-    if (listens()) {
-      onCall(callText(operation, arguments...));
-    }
-  }
-
-  OrvFileConsumer& target_;
 };
 
 }  // namespace velto::testing

@@ -7,15 +7,8 @@
 
 #include <utility>
 
-#include "embedded/base/OrvBaseState.h"
-
 namespace velto::testing {
 
-ForwardingProvider::ForwardingProvider(OrvFileProvider& target) : target_(target) {
-  OrvBase::State::of(*this).core = OrvBase::State::of(target).core;
-}
-
-void ForwardingProvider::onCall(const std::string&) {}
 void ForwardingProvider::onList(const std::string&, std::vector<int>&) {}
 void ForwardingProvider::onDelivered(const std::string&, std::size_t&) {}
 void ForwardingProvider::onLength(const std::string&, std::size_t&) {}
@@ -26,71 +19,71 @@ void ForwardingProvider::onUniform(const std::string&, bool&, int&) {}
 
 void ForwardingProvider::setBaseOption(bool option) {
   tell("setBaseOption", option);
-  target_.setBaseOption(option);
+  target()->setBaseOption(option);
 }
 
 std::uint64_t ForwardingProvider::getZoneCount(OrvZoneCategory category) {
   tell("getZoneCount", category);
-  return target_.getZoneCount(category);
+  return target()->getZoneCount(category);
 }
 
 void ForwardingProvider::getZoneIds(OrvZoneCategory category, std::vector<int>& ids) {
   tellWithList(ids, "getZoneIds", category);
-  target_.getZoneIds(category, ids);
+  target()->getZoneIds(category, ids);
   answer(ids, "getZoneIds", category);
 }
 
 void ForwardingProvider::setSolverType(std::string solverType) {
   tell("setSolverType", solverType);
-  target_.setSolverType(std::move(solverType));
+  target()->setSolverType(std::move(solverType));
 }
 
 bool ForwardingProvider::startReading(const std::string& fileName, OrvDataClass dataClass) {
   tell("startReading", fileName, dataClass);
-  return target_.startReading(fileName, dataClass);
+  return target()->startReading(fileName, dataClass);
 }
 
 void ForwardingProvider::setFileName(const std::string& path, OrvDataClass dataClass) {
   tell("setFileName", path, dataClass);
-  target_.setFileName(path, dataClass);
+  target()->setFileName(path, dataClass);
 }
 
 void ForwardingProvider::getFileVersion(OrvDataClass dataClass, int& major, int& minor,
                                         int& patch) {
   tell("getFileVersion", dataClass);
-  target_.getFileVersion(dataClass, major, minor, patch);
+  target()->getFileVersion(dataClass, major, minor, patch);
 }
 
 // --- Settings, and what the file holds -----------------------------------------------------------
 
 void ForwardingProvider::getSettingsKeys(OrvDataClass dataClass, std::vector<std::string>& keys) {
   tell("getSettingsKeys", dataClass);
-  target_.getSettingsKeys(dataClass, keys);
+  target()->getSettingsKeys(dataClass, keys);
 }
 
 void ForwardingProvider::getSettingsValue(OrvDataClass dataClass, const std::string& key,
                                           std::string& value, const std::string& path) {
   tell("getSettingsValue", dataClass, key, path);
-  target_.getSettingsValue(dataClass, key, value, path);
+  target()->getSettingsValue(dataClass, key, value, path);
 }
 
 void ForwardingProvider::getMeshIds(std::vector<int>& ids, OrvDataClass dataClass) {
   tellWithList(ids, "getMeshIds", dataClass);
-  target_.getMeshIds(ids, dataClass);
+  target()->getMeshIds(ids, dataClass);
   answer(ids, "getMeshIds", dataClass);
 }
 
 void ForwardingProvider::getTargets(std::vector<int>& categories, int meshId,
                                     OrvDataClass dataClass) {
   tellWithList(categories, "getTargets", meshId, dataClass);
-  target_.getTargets(categories, meshId, dataClass);
+  target()->getTargets(categories, meshId, dataClass);
   answer(categories, "getTargets", meshId, dataClass);
 }
 
 void ForwardingProvider::getPartitionIds(std::vector<int>& ids, int meshId,
                                          OrvDataClass dataClass) {
   tellWithList(ids, "getPartitionIds", meshId, dataClass);
-  target_.getPartitionIds(ids, meshId, dataClass);
+  target()->getPartitionIds(ids, meshId, dataClass);
   answer(ids, "getPartitionIds", meshId, dataClass);
 }
 
@@ -98,42 +91,42 @@ void ForwardingProvider::getPartitionIds(std::vector<int>& ids, int meshId,
 
 void ForwardingProvider::beginPhase(short phaseId) {
   tell("beginPhase", phaseId);
-  target_.beginPhase(phaseId);
+  target()->beginPhase(phaseId);
 }
 
 bool ForwardingProvider::getPhaseAttributeNames(short phaseId, std::vector<std::string>& names) {
   tell("getPhaseAttributeNames", phaseId);
-  return target_.getPhaseAttributeNames(phaseId, names);
+  return target()->getPhaseAttributeNames(phaseId, names);
 }
 
 bool ForwardingProvider::getPhaseAttribute(short phaseId, const std::string& name,
                                            std::string& value) {
   tell("getPhaseAttribute", phaseId, name);
-  return target_.getPhaseAttribute(phaseId, name, value);
+  return target()->getPhaseAttribute(phaseId, name, value);
 }
 
 void ForwardingProvider::getVariableNames(OrvZoneCategory category,
                                           std::vector<std::string>& names) {
   tell("getVariableNames", category);
-  target_.getVariableNames(category, names);
+  target()->getVariableNames(category, names);
 }
 
 bool ForwardingProvider::getVariableAttributeNames(int variableId,
                                                    std::vector<std::string>& names) {
   tell("getVariableAttributeNames", variableId);
-  return target_.getVariableAttributeNames(variableId, names);
+  return target()->getVariableAttributeNames(variableId, names);
 }
 
 bool ForwardingProvider::getVariableAttribute(int variableId, const std::string& name,
                                               std::string& value) {
   tell("getVariableAttribute", variableId, name);
-  return target_.getVariableAttribute(variableId, name, value);
+  return target()->getVariableAttribute(variableId, name, value);
 }
 
 std::size_t ForwardingProvider::beginVariable(OrvZoneCategory category, const std::string& name,
                                               std::vector<int>& zoneIds) {
   tell("beginVariable", category, name);
-  std::size_t delivered = target_.beginVariable(category, name, zoneIds);
+  std::size_t delivered = target()->beginVariable(category, name, zoneIds);
   answer(zoneIds, "beginVariable", category, name);
   answer(delivered, "beginVariable", category, name);
   return delivered;
@@ -141,29 +134,29 @@ std::size_t ForwardingProvider::beginVariable(OrvZoneCategory category, const st
 
 std::size_t ForwardingProvider::readVariable(int zoneId, double* values, std::size_t n) {
   tell("readVariable", zoneId, n);
-  std::size_t delivered = target_.readVariable(zoneId, values, n);
+  std::size_t delivered = target()->readVariable(zoneId, values, n);
   answer(delivered, "readVariable", zoneId, n);
   return delivered;
 }
 
 void ForwardingProvider::endVariable() {
   tell("endVariable");
-  target_.endVariable();
+  target()->endVariable();
 }
 
 void ForwardingProvider::endPhase() {
   tell("endPhase");
-  target_.endPhase();
+  target()->endPhase();
 }
 
 bool ForwardingProvider::getPhaseDescription(short phaseId, std::string& text) {
   tell("getPhaseDescription", phaseId);
-  return target_.getPhaseDescription(phaseId, text);
+  return target()->getPhaseDescription(phaseId, text);
 }
 
 bool ForwardingProvider::getVariableDescription(int variableId, std::string& text) {
   tell("getVariableDescription", variableId);
-  return target_.getVariableDescription(variableId, text);
+  return target()->getVariableDescription(variableId, text);
 }
 
 }  // namespace velto::testing

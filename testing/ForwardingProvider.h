@@ -12,18 +12,16 @@
 
 #include "data_access/OrvFileProvider.h"
 
-#include "testing/call_text.h"
+#include "testing/Forwarding.h"
 
 namespace velto::testing {
 
-/// Stands in front of a target, which outlives it and stays the caller's. Virtual calls are passed
-/// on; the queries that are not virtual answer as the target's do, because both share one state.
-///
 /// A decorator overrides an operation, or listens: it then hears of every virtual call as a line
-/// before the target gets it, and may change what comes back.
-class ForwardingProvider : public OrvFileProvider {
+/// before the target gets it, a buffer as its length ("readFaceNodeIds(2, 24)"), and may change
+/// what comes back.
+class ForwardingProvider : public Forwarding<OrvFileProvider> {
  public:
-  explicit ForwardingProvider(OrvFileProvider& target);
+  explicit ForwardingProvider(OrvFileProvider& target) : Forwarding(target) {}
 
   void setBaseOption(bool option) override;
   std::uint64_t getZoneCount(OrvZoneCategory category) override;
@@ -105,14 +103,7 @@ class ForwardingProvider : public OrvFileProvider {
   bool getVariableDescription(int variableId, std::string& text) override;
 
  protected:
-  OrvFileProvider& target() const { return target_; }
-
-  /// Whether the hooks below are called.
-  virtual bool listens() const { return false; }
-
-  /// A call is about to be passed on: its operation with the arguments that go in, a buffer as its
-  /// length ("readFaceNodeIds(2, 24)").
-  virtual void onCall(const std::string& call);
+  // Called if it listens, as onCall() is.
 
   /// The list that a call gave: of meshes, targets, partitions, or of a family's zones.
   virtual void onList(const std::string& call, std::vector<int>& list);
@@ -133,13 +124,6 @@ class ForwardingProvider : public OrvFileProvider {
   const std::vector<int>& handedIn() const { return handedIn_; }
 
  private:
-  template <class... Arguments>
-  void tell(const char* operation, const Arguments&... arguments) {
-    if (listens()) {
-      onCall(callText(operation, arguments...));
-    }
-  }
-
   template <class... Arguments>
   void tellWithList(const std::vector<int>& list, const char* operation,
                     const Arguments&... arguments) {
@@ -190,7 +174,6 @@ class ForwardingProvider : public OrvFileProvider {
     return isUniform;
   }
 
-  OrvFileProvider& target_;
   std::vector<int> handedIn_;
 };
 

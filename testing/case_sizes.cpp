@@ -3,7 +3,6 @@
 // Whether the sizes of a case are small, so that each of its elements may be looked at.
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 

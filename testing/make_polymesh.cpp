@@ -7,7 +7,6 @@
 #include <exception>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <system_error>
 #include <vector>
 

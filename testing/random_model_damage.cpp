@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <iterator>
 #include <map>
-#include <utility>
 #include <vector>
 
 #include "data_access/location_models.h"

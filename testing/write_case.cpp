@@ -4,7 +4,6 @@
 
 #include "testing/write_case.h"
 
-#include <utility>
 #include <vector>
 
 namespace velto::testing {

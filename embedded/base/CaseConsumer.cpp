@@ -104,10 +104,12 @@ void CaseConsumer::endNodes() {}
 // --- Faces ---------------------------------------------------------------------------------------
 
 void CaseConsumer::beginFaces(const std::vector<int>&) {
-  const MeshTables* mesh = coreOf(*this).mesh();
-  const bool isForViewers = coreOf(*this).selection.target != targetRestart;
-  cellFaces_ = mesh != nullptr && isForViewers ? CellFaceCollector(*mesh, cellNodeZones_)
-                                               : CellFaceCollector();
+  const CaseCore& core = coreOf(*this);
+  const MeshTables* mesh = core.mesh();
+  const bool isForViewers = core.selection.target != targetRestart;
+  cellFaces_ = mesh != nullptr && isForViewers && wantsCellFaces()
+                   ? CellFaceCollector(*mesh, cellNodeZones_)
+                   : CellFaceCollector();
 }
 
 void CaseConsumer::beginFaceNodes(const std::vector<int>& zoneIds) {

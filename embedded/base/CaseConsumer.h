@@ -119,6 +119,9 @@ class CaseConsumer : public OrvFileConsumer {
   /// Writing of a class is complete, and the tables are final. Throws CaseError.
   virtual void finish(OrvDataClass dataClass) = 0;
 
+  /// Whether the sink wants the faces of polyhedra, which take room until they are all found.
+  virtual bool wantsCellFaces() const { return true; }
+
   /// Writing failed; what was begun is dropped.
   virtual void abandon() {}
 

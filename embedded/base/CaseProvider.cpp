@@ -5,7 +5,6 @@
 
 #include "embedded/base/CaseProvider.h"
 
-#include <algorithm>
 #include <new>
 #include <set>
 

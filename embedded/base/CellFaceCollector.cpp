@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 #include <string>
 
 #include "embedded/base/CaseError.h"
@@ -16,14 +17,14 @@ namespace velto::base {
 CellFaceCollector::CellFaceCollector(const MeshTables& mesh,
                                      const std::vector<int>& zonesWithNodes) {
   const auto cellsOfMesh = mesh.size(meshCellCount);
+  const std::set<int> withNodes(zonesWithNodes.begin(), zonesWithNodes.end());
   for (const int id : mesh.idsOf(zoneCategoryCell)) {
     const auto record = mesh.zones.find(id);
     const std::uint64_t first = mesh.zoneSize(id, zoneFirstId);
     const std::uint64_t last = mesh.zoneSize(id, zoneLastId);
     if (record != mesh.zones.end() &&
         record->second.cellInfo[cellZoneCellType] == cellShapePolyhedron && first >= 1 &&
-        first <= last && last <= cellsOfMesh &&
-        std::count(zonesWithNodes.begin(), zonesWithNodes.end(), id) == 0) {
+        first <= last && last <= cellsOfMesh && withNodes.count(id) == 0) {
       zones_.push_back({id, first, last, 0});
     }
   }

@@ -6,7 +6,6 @@
 #define VELTO_EMBEDDED_STORE_LAYOUT_H
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 

@@ -11,7 +11,6 @@
 #include "embedded/store/RowWriter.h"
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 #include "embedded/base/Progress.h"

@@ -2,7 +2,6 @@
 //
 // Large datasets: their place in the file, their chunks, their numbers.
 
-#include <algorithm>
 #include <array>
 
 #include "embedded/store/hdf5_calls.h"

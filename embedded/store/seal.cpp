@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "embedded/store/Checksum.h"
 

@@ -5,7 +5,6 @@
 #ifndef VELTO_EMBEDDED_STORE_SEAL_H
 #define VELTO_EMBEDDED_STORE_SEAL_H
 
-#include <string>
 #include <vector>
 
 #include "embedded/base/RawFile.h"

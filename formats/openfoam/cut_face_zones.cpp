@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <utility>

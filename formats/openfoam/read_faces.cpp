@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <limits>
 
-#include "formats/openfoam/binary_blocks.h"
 #include "formats/openfoam/characters.h"
 #include "formats/openfoam/read_lists.h"
 

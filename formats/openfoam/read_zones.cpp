@@ -8,7 +8,6 @@
 #include "formats/openfoam/read_zones.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -17,6 +17,9 @@ class VtuConsumer : public memory::MemoryConsumer {
  protected:
   void open(OrvDataClass dataClass) override;
   void finish(OrvDataClass dataClass) override;
+
+  /// They are found from the cells beside the faces when the file is written (CellFaces.h).
+  bool wantsCellFaces() const override { return false; }
 };
 
 }  // namespace velto::vtu

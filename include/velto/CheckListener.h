@@ -16,12 +16,17 @@ struct CheckPlace {
   int partition = -1;  ///< Id of the partition; -1 where there is none, or for all of the target.
 };
 
+/// Whether two places are the same.
 inline bool operator==(const CheckPlace& left, const CheckPlace& right) {
   return left.mesh == right.mesh && left.target == right.target &&
          left.partition == right.partition;
 }
 
-enum class CheckSeverity { error, warning };
+/// Into which list of OrvChecker a message goes: a case with errors is not sound.
+enum class CheckSeverity {
+  error,   ///< OrvChecker::getErrors
+  warning  ///< OrvChecker::getWarnings
+};
 
 /// Why something of a case was not checked.
 enum class CheckOmission {

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <unistd.h>
-#include <utility>
 
 #include "testing/capture.h"
 

@@ -8,7 +8,6 @@
 #include <array>
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 

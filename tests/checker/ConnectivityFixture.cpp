@@ -7,8 +7,6 @@
 #include <new>
 #include <stdexcept>
 
-#include "testing/capture.h"
-
 namespace velto::testing {
 
 void setLists(memory::Case& changed, base::Family family, const std::vector<ZoneLists>& zones) {

@@ -4,7 +4,6 @@
 
 #include "tests/checker/DeepChecksFixture.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "testing/capture.h"

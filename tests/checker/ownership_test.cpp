@@ -4,7 +4,6 @@
 // and assignments.
 
 #include <optional>
-#include <stdexcept>
 
 #include "tests/checker/CheckerFixture.h"
 

@@ -3,8 +3,6 @@
 // The way to a location model and to the physics objects: whether they are looked at, a model that
 // has to be built, steps and calls in their order.
 
-#include <functional>
-
 #include "embedded/memory/CaseBuilder.h"
 #include "testing/ScriptedLocationModel.h"
 #include "testing/capture.h"

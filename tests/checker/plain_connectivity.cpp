@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <string>
-#include <utility>
 
 #include "tests/checker/PlainChecker.h"
 

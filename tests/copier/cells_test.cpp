@@ -3,7 +3,6 @@
 // copyCase: nodes, types and partitions of cells.
 
 #include <gtest/gtest.h>
-#include <ostream>
 
 #include "embedded/base/shapes.h"
 #include "embedded/memory/CaseBuilder.h"

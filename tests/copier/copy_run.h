@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "velto/OrvCopier.h"
 

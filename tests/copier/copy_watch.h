@@ -7,12 +7,9 @@
 
 #include <array>
 #include <cstddef>
-#include <exception>
 #include <memory>
-#include <new>
 #include <streambuf>
 #include <string>
-#include <typeinfo>
 #include <vector>
 
 #include "testing/ScriptedLocationModel.h"

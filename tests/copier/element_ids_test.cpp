@@ -2,7 +2,6 @@
 //
 // OrvCopier: lists of element ids, asked for and handed to the destination.
 
-#include <cstdint>
 #include <gtest/gtest.h>
 
 #include "tests/copier/copy_run.h"

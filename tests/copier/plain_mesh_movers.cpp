@@ -8,7 +8,6 @@
 #include <iostream>
 #include <map>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "tests/copier/PlainCopier.h"

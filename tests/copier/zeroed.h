@@ -5,7 +5,6 @@
 #ifndef VELTO_TESTS_COPIER_ZEROED_H
 #define VELTO_TESTS_COPIER_ZEROED_H
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 

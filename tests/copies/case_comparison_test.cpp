@@ -5,7 +5,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
-#include <memory>
 
 #include "embedded/memory/MemoryProvider.h"
 #include "orv/CaseComparison.h"

@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
 #include "velto/OrvChecker.h"
@@ -15,14 +14,13 @@
 #include "data_access/OrvFactory.h"
 #include "data_access/OrvFileProvider.h"
 
+#include "orv/open_case.h"
 #include "tests/copies/copy_whole.h"
 
 namespace velto::testing {
 
-struct DeleteThroughFileIO {
-  void operator()(OrvFileIO* side) const { delete side; }
-};
-using ProviderOwner = std::unique_ptr<OrvFileProvider, DeleteThroughFileIO>;
+using orv::ConsumerOwner;
+using orv::ProviderOwner;
 
 /// All that a checker has to say of a file at level 2, errors first.
 inline Texts findingsOf(const std::string& file) {

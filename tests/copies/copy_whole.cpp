@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// copyWhole: one copier for each target and partition.
+// copyWhole: one copier for each target and partition; and the comparison with the source.
 
 #include "tests/copies/copy_whole.h"
 
@@ -8,6 +8,8 @@
 
 #include "data_access/location_models.h"
 
+#include "embedded/memory/MemoryConsumer.h"
+#include "embedded/memory/MemoryProvider.h"
 #include "orv/CaseComparison.h"
 
 namespace velto::testing {
@@ -82,6 +84,14 @@ Texts differences(OrvFileProvider& source, OrvFileProvider& copy) {
   comparison.compareModel(selections.front().mesh);
   comparison.compareSettings();
   return comparison.differences();
+}
+
+Texts differencesInMemory(OrvFileProvider& source) {
+  memory::MemoryConsumer destination;
+  copyWhole(source, destination);
+  memory::MemoryProvider copy(destination.takeCase());
+  return copy.startReading("", dataClassCase) ? differences(source, copy)
+                                              : copy.getErrors(true, true);
 }
 
 }  // namespace velto::testing

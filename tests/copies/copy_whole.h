@@ -27,6 +27,9 @@ void copyWhole(OrvFileProvider& source, OrvFileConsumer& destination);
 /// In what a copy made by copyWhole() differs from its source.
 Texts differences(OrvFileProvider& source, OrvFileProvider& copy);
 
+/// In what a copy in memory differs from its source.
+Texts differencesInMemory(OrvFileProvider& source);
+
 }  // namespace velto::testing
 
 #endif  // VELTO_TESTS_COPIES_COPY_WHOLE_H

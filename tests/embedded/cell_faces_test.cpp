@@ -7,7 +7,6 @@
 #include "embedded/base/CellFaceCollector.h"
 #include "embedded/base/shapes.h"
 #include "embedded/memory/MemoryConsumer.h"
-#include "testing/cases.h"
 
 namespace velto::testing {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
 #include <set>
 
 #include "data_access/OrvLocationModel.h"

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "embedded/memory/MemoryProvider.h"
-#include "testing/ProtocolGuard.h"
 #include "testing/cases.h"
 
 namespace velto::testing {

@@ -3,10 +3,8 @@
 // LocationModelBuilder where one call goes wrong: as the plain builder, and as good as new
 // afterwards.
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
-#include <utility>
 
 #include "tests/faults/Fault.h"
 #include "tests/location_model/PlainBuilder.h"

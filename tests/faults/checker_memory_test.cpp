@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "tests/checker/CheckerFixture.h"
-#include "tests/faults/ShelteredProvider.h"
+#include "tests/faults/Sheltered.h"
 #include "tests/faults/memory_run.h"
 
 namespace velto::testing {

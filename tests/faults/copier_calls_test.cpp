@@ -7,7 +7,6 @@
 #include <iterator>
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "velto/OrvCopier.h"

@@ -4,7 +4,6 @@
 
 #include "tests/faults/failing_memory.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <new>
 

@@ -22,8 +22,7 @@
 #include "testing/cases.h"
 #include "testing/model_text.h"
 #include "testing/write_case.h"
-#include "tests/faults/ShelteredConsumer.h"
-#include "tests/faults/ShelteredProvider.h"
+#include "tests/faults/Sheltered.h"
 #include "tests/faults/memory_run.h"
 #include "tests/physics_regions/region_texts.h"
 

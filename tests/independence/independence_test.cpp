@@ -32,8 +32,6 @@ namespace {
 constexpr int kRounds = 20;
 constexpr std::uint64_t kCells = 200;
 
-using ConsumerOwner = std::unique_ptr<OrvFileConsumer, DeleteThroughFileIO>;
-
 void add(Texts& texts, const Texts& more) { texts.insert(texts.end(), more.begin(), more.end()); }
 
 /// Reads a file, writes a copy in a format and compares both.

@@ -5,7 +5,6 @@
 #ifndef VELTO_TESTS_LOCATION_MODEL_PLAIN_BUILDER_H
 #define VELTO_TESTS_LOCATION_MODEL_PLAIN_BUILDER_H
 
-#include <cstdint>
 #include <string>
 #include <vector>
 

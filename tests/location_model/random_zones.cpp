@@ -5,7 +5,6 @@
 #include "tests/location_model/random_zones.h"
 
 #include <limits>
-#include <memory>
 
 #include "embedded/base/zone_relations.h"
 

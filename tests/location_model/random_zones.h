@@ -6,7 +6,6 @@
 #define VELTO_TESTS_LOCATION_MODEL_RANDOM_ZONES_H
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "testing/Random.h"

@@ -341,8 +341,8 @@ class Refusals(OrvCopy):
     def test_of_meshes_that_a_format_cannot_take(self):
         self.sample("post")
         self.assertEqual(self.refused("post.orv", "case/"),
-                         "orv: post.orv: holds no such target or partition of mesh 1, or none that "
-                         "this format can take\n")
+                         "orv: post.orv: holds no such target or partition of mesh 1, or none but "
+                         "post targets, which this format does not take\n")
         self.sample("plane")
         self.assertEqual(self.refused("plane.orv", "case/"),
                          "Error: case/: end of writing: mesh 1: is of dimension 2, OpenFOAM meshes "

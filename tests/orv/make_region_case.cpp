@@ -5,7 +5,6 @@
 
 #include <exception>
 #include <iostream>
-#include <string>
 
 #include "embedded/memory/MemoryProvider.h"
 #include "embedded/store/save_case.h"

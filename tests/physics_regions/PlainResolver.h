@@ -6,7 +6,6 @@
 #ifndef VELTO_TESTS_PHYSICS_REGIONS_PLAIN_RESOLVER_H
 #define VELTO_TESTS_PHYSICS_REGIONS_PLAIN_RESOLVER_H
 
-#include <map>
 #include <string>
 #include <vector>
 

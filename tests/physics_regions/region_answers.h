@@ -12,7 +12,7 @@
 
 #include "velto/PhysicsRegionResolver.h"
 
-#include "testing/call_text.h"
+#include "embedded/base/call_text.h"
 
 namespace velto::testing {
 

@@ -3,7 +3,6 @@
 // Queries by the name of a region: before a resolving, after one, and after one that failed.
 
 #include <gtest/gtest.h>
-#include <string>
 #include <type_traits>
 
 #include "tests/physics_regions/region_answers.h"

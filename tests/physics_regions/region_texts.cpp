@@ -4,7 +4,6 @@
 
 #include "tests/physics_regions/region_texts.h"
 
-#include <algorithm>
 #include <map>
 #include <sstream>
 #include <stdexcept>

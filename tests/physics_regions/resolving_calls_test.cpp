@@ -3,7 +3,6 @@
 // What a resolving asks of provider and model, in order.
 
 #include <gtest/gtest.h>
-#include <string>
 
 #include "embedded/memory/CaseBuilder.h"
 #include "tests/physics_regions/region_rows.h"

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <memory>
 
 #include "data_access/OrvLocationModel.h"
 

@@ -5,7 +5,6 @@
 #include "samples/samples.h"
 
 #include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>

@@ -3,7 +3,6 @@
 // Lists of more entries than 32 bits count are checked and copied to their end. Their values are
 // computed when they are read, and dropped when they are written.
 
-#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>

@@ -11,9 +11,9 @@
 #include "velto/LocationModelBuilder.h"
 #include "velto/PhysicsRegionResolver.h"
 
+#include "data_access/OrvFactory.h"
 #include "data_access/OrvLocationModel.h"
 
-#include "embedded/memory/MemoryConsumer.h"
 #include "embedded/memory/MemoryProvider.h"
 #include "embedded/store/StoreConsumer.h"
 #include "testing/TempFolder.h"
@@ -60,11 +60,23 @@ TEST(ManyZones, AreGoodInACopy) {
 TEST(ManyZones, AreTheSameInACopyInMemory) {
   memory::MemoryProvider source(rowWithPhysics(usualBodies()));
   ASSERT_TRUE(source.startReading("", dataClassCase));
-  memory::MemoryConsumer destination;
-  copyWhole(source, destination);
-  memory::MemoryProvider copy(destination.takeCase());
-  ASSERT_TRUE(copy.startReading("", dataClassCase));
-  EXPECT_EQ(differences(source, copy), Texts());
+  EXPECT_EQ(differencesInMemory(source), Texts());
+}
+
+// What stands between two bodies is a face zone of its own, what bounds them a patch.
+TEST(ManyZones, AreAnOpenFoamMesh) {
+  memory::MemoryProvider source(cases::rowOfBodies(kManyBodies));
+  ASSERT_TRUE(source.startReading("", dataClassCase));
+  const TempFolder folder;
+  const ConsumerOwner destination(getDataConsumer(fileFormatOpenFoam));
+  destination->setFileName(folder.path("row"), dataClassCase);
+  copyWhole(source, *destination);
+  EXPECT_EQ(destination->getErrors(true, true), Texts());
+  const ProviderOwner copy = opened(folder.path("row"));
+  EXPECT_EQ(copy->getErrors(true, true), Texts());
+  for (const OrvZoneCategory category : {zoneCategoryFace, zoneCategoryCell}) {
+    EXPECT_EQ(copy->getZoneCount(category), source.getZoneCount(category));
+  }
 }
 
 TEST(ManyZones, GiveALocationModelThatPhysicsLiesIn) {

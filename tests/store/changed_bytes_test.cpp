@@ -9,7 +9,6 @@
 #include "tests/store/file_bytes.h"
 #include "tests/store/hdf5_damage.h"
 #include "tests/store/read_everything.h"
-#include "tests/store/rich_cases.h"
 #include "tests/store/store_files.h"
 
 namespace velto::testing {

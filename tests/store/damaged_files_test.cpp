@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 #include "tests/store/file_bytes.h"
 #include "tests/store/hdf5_damage.h"

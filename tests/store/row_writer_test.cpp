@@ -9,7 +9,6 @@
 #include <numeric>
 #include <optional>
 
-#include "embedded/base/CaseError.h"
 #include "embedded/store/RowReader.h"
 #include "embedded/store/RowWriter.h"
 #include "testing/TempFolder.h"

@@ -3,7 +3,6 @@
 // A case in a file is the case that was saved, right or wrong: the checker says the same of both,
 // word for word. Random cases, sound and damaged, and all defects, contiguous and packed.
 
-#include <iostream>
 #include <string>
 #include <vector>
 

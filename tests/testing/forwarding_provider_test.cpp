@@ -186,6 +186,30 @@ TEST_F(ForwardingProviderTest, SharesSelectionTablesAndMessages) {
   EXPECT_FALSE(target_.hasError());
 }
 
+/// Writes down when calls go into the target and come out of it.
+class Doorkeeper : public ForwardingProvider {
+ public:
+  Doorkeeper(OrvFileProvider& target, Transcript& lines)
+      : ForwardingProvider(target), lines_(lines) {}
+
+ protected:
+  void onEnter() override { lines_.emplace_back("in"); }
+  void onLeave() noexcept override { lines_.emplace_back("out"); }
+
+ private:
+  Transcript& lines_;
+};
+
+TEST_F(ForwardingProviderTest, TellsWhenACallIsInTheTarget) {
+  target_.on("endFaceTree", [](base::CaseCore&) { throw 1; });
+  Doorkeeper keeper(target_, calls_);
+  EXPECT_EQ(keeper.getZoneCount(zoneCategoryFace), 0U);
+  keeper.beginFaceTree(zones_, zones_);
+  EXPECT_THROW(keeper.endFaceTree(), int);
+  EXPECT_EQ(calls_, Transcript({"in", "getZoneCount(2)", "out", "in", "beginFaceTree()", "out",
+                                "in", "endFaceTree()", "out"}));
+}
+
 TEST_F(ForwardingProviderTest, LeavesTheTargetToItsOwner) {
   { const ForwardingProvider passing(static_cast<OrvFileProvider&>(target_)); }
   EXPECT_EQ(calls_, Transcript());

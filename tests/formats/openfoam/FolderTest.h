@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
-#include <vector>
 
 #include "formats/openfoam/PolyMesh.h"
 #include "testing/TempFolder.h"

@@ -4,7 +4,6 @@
 
 #include "formats/openfoam/cut_face_zones.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>

@@ -8,7 +8,6 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "formats/openfoam/read_poly_mesh.h"

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "data_access/OrvFactory.h"
-
 #include "embedded/base/shapes.h"
 #include "formats/openfoam/OpenFoamProvider.h"
 #include "formats/openfoam/case_from_poly_mesh.h"

@@ -3,14 +3,12 @@
 // Cases that cannot be written as an OpenFOAM mesh: what is said, and that nothing is left.
 
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
 #include <vector>
 
-#include "embedded/base/shapes.h"
 #include "formats/openfoam/OpenFoamConsumer.h"
 #include "testing/PolyMeshWriter.h"
 #include "testing/TempFolder.h"

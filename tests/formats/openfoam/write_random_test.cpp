@@ -2,7 +2,6 @@
 //
 // Random damage to cases that are written: either a mesh that can be read, or an error and nothing.
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <gtest/gtest.h>

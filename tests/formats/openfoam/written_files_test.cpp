@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
-#include <vector>
 
 #include "embedded/base/CaseError.h"
 #include "formats/openfoam/FolderSwap.h"

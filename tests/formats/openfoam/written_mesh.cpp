@@ -6,14 +6,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <set>
 #include <zlib.h>
 
-#include "embedded/base/shapes.h"
 #include "formats/openfoam/FoamHeader.h"
 #include "formats/openfoam/OpenFoamConsumer.h"
 #include "formats/openfoam/case_from_poly_mesh.h"

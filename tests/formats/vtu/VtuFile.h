@@ -5,7 +5,6 @@
 #ifndef VELTO_TESTS_FORMATS_VTU_VTU_FILE_H
 #define VELTO_TESTS_FORMATS_VTU_VTU_FILE_H
 
-#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "embedded/base/shapes.h"
 #include "tests/formats/vtu/vtu_cases.h"
 
 namespace velto::testing {

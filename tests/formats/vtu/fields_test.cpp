@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "embedded/base/shapes.h"
 #include "embedded/memory/CaseBuilder.h"
 #include "tests/formats/vtu/vtu_cases.h"
 
