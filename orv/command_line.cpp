@@ -73,6 +73,7 @@ void addCheck(CLI::App& app, CheckOptions& options) {
       "mesh, whether as many faces reach each cell as its type has, whether faces and cells share their\n"
       "nodes, where shadow faces lie. A mesh without a location model gets one made of its zones, as\n"
       "`orv model` shows it. What the OpenFOAM reader finds wrong with single entries comes as warnings.\n"
+      "`orv explain` tells what a message means and what to do.\n"
       "An OpenFOAM mesh holds no physics, which is a warning too, so that --strict goes with\n"
       "--no-location-model there.\n\n"
       "Examples:\n"
