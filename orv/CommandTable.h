@@ -2,8 +2,8 @@
 //
 // The command line as data: what completion scripts and the manual page are made of.
 
-#ifndef VELTO_ORV_COMMANDTABLE_H
-#define VELTO_ORV_COMMANDTABLE_H
+#ifndef VELTO_ORV_COMMAND_TABLE_H
+#define VELTO_ORV_COMMAND_TABLE_H
 
 #include <string>
 #include <vector>
@@ -55,4 +55,4 @@ Command readCommands(const CLI::App& app);
 
 }  // namespace velto::orv
 
-#endif  // VELTO_ORV_COMMANDTABLE_H
+#endif  // VELTO_ORV_COMMAND_TABLE_H

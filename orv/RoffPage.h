@@ -2,8 +2,8 @@
 //
 // RoffPage: a page in the macros of man(7), written from plain texts.
 
-#ifndef VELTO_ORV_ROFFPAGE_H
-#define VELTO_ORV_ROFFPAGE_H
+#ifndef VELTO_ORV_ROFF_PAGE_H
+#define VELTO_ORV_ROFF_PAGE_H
 
 #include <string>
 
@@ -48,4 +48,4 @@ class RoffPage {
 
 }  // namespace velto::orv
 
-#endif  // VELTO_ORV_ROFFPAGE_H
+#endif  // VELTO_ORV_ROFF_PAGE_H

@@ -2,8 +2,8 @@
 //
 // LibraryVersion: which release of another project's library is at work.
 
-#ifndef VELTO_EMBEDDED_BASE_LIBRARYVERSION_H
-#define VELTO_EMBEDDED_BASE_LIBRARYVERSION_H
+#ifndef VELTO_EMBEDDED_BASE_LIBRARY_VERSION_H
+#define VELTO_EMBEDDED_BASE_LIBRARY_VERSION_H
 
 #include <string>
 
@@ -17,4 +17,4 @@ struct LibraryVersion {
 
 }  // namespace velto::base
 
-#endif  // VELTO_EMBEDDED_BASE_LIBRARYVERSION_H
+#endif  // VELTO_EMBEDDED_BASE_LIBRARY_VERSION_H

@@ -11,13 +11,14 @@ import pathlib
 import re
 import subprocess
 import sys
-import tempfile
 import unittest
 import xml.etree.ElementTree
 
 import jsonschema
 
-ORV, MAKE_POLYMESH, SCHEMA = map(os.path.abspath, sys.argv[1:4])
+from program import ProgramTest
+
+MAKE_POLYMESH, SCHEMA = map(os.path.abspath, sys.argv[2:4])
 
 FILE_STEPS = ["checkVersion", "checkSolverType", "checkTopologyModel"]
 ZONE_STEPS = ["checkMeshSize", "checkMeshConnectivity", "checkPhysicsToMeshMapUsingTopologyModel",
@@ -33,37 +34,24 @@ RESTART = {"mesh": 1, "target": "restart", "partition": None}
 POST = {"mesh": 1, "target": "post", "partition": None}
 
 
-class Reports(unittest.TestCase):
-    """Runs in a folder of its own with damaged samples and meshes."""
-
-    maxDiff = None
+class Reports(ProgramTest):
+    """Has damaged samples and meshes in its folder."""
 
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.TemporaryDirectory()
+        super().setUpClass()
         for defect in ("overlap", "one-dimensional", "newer-major", "generic-solver-type",
                        "face-node-range"):
-            cls.run_orv("sample", "--defect", defect, f"{defect}.orv")
-        cls.run_orv("sample", "two-bodies", "sound.orv", "--cells", "16")
-        cls.run_orv("sample", "partitions", "parts.orv", "--cells", "16")
+            cls.orv("sample", "--defect", defect, f"{defect}.orv")
+        cls.orv("sample", "two-bodies", "sound.orv", "--cells", "16")
+        cls.orv("sample", "partitions", "parts.orv", "--cells", "16")
         for name, damage in (("label", "node-id"), ("gap", "patch-gap")):
             subprocess.run([MAKE_POLYMESH, f"{cls.folder.name}/{name}", "2", "1", "1",
                             "--damage", damage], check=True)
 
-    @classmethod
-    def tearDownClass(cls):
-        cls.folder.cleanup()
-
-    @classmethod
-    def run_orv(cls, *arguments):
-        """Exit status, standard output and standard error."""
-        done = subprocess.run([ORV, *arguments], cwd=cls.folder.name, capture_output=True,
-                              check=False)
-        return done.returncode, done.stdout.decode(), done.stderr.decode()
-
     def document(self, form, *arguments):
         """A report as text, beside which nothing was said, and the exit status."""
-        status, out, err = self.run_orv("check", "--format", form, *arguments)
+        status, out, err = self.orv("check", "--format", form, *arguments)
         self.assertEqual(err, "")
         return status, out
 
@@ -93,8 +81,8 @@ class Reports(unittest.TestCase):
 class Json(Reports):
     def test_is_what_json_without_a_format_gives(self):
         for arguments in (["sound.orv"], ["overlap.orv", "nothing"]):
-            self.assertEqual(self.run_orv("check", "--json", *arguments),
-                             self.run_orv("check", "--format", "json", *arguments))
+            self.assertEqual(self.orv("check", "--json", *arguments),
+                             self.orv("check", "--format", "json", *arguments))
 
     def test_tells_what_was_asked_for(self):
         status, report = self.json("sound.orv")
@@ -167,8 +155,8 @@ class Json(Reports):
 
     def test_has_an_id_for_the_finding_of_each_defect(self):
         ids = {}
-        for row in json.loads(self.run_orv("sample", "--list", "--json")[1])["defects"]:
-            self.run_orv("sample", "--defect", row["name"], "one.orv", "--force")
+        for row in json.loads(self.orv("sample", "--list", "--json")[1])["defects"]:
+            self.orv("sample", "--defect", row["name"], "one.orv", "--force")
             report = self.file("one.orv", "--level", str(row["checkLevel"]))
             found = [one["id"] for one in report[row["level"] + "s"]
                      if f"{one['step']} : {one['message']}" == row["message"]]
@@ -287,7 +275,7 @@ class Sarif(Reports):
 
 class Text(Reports):
     def test_tells_where_a_check_ended(self):
-        status, out, err = self.run_orv("check", "one-dimensional.orv")
+        status, out, err = self.orv("check", "one-dimensional.orv")
         self.assertEqual((status, out),
                          (1, "one-dimensional.orv: not sound (1 error, 0 warnings)\n"))
         self.assertEqual(err, "Error: checkMeshSize: Invalid mesh dimension\n"
@@ -296,7 +284,7 @@ class Text(Reports):
 
     def test_refuses_other_formats(self):
         for arguments in (["--format", "xml"], ["--json", "--format", "sarif"]):
-            status, out, err = self.run_orv("check", "sound.orv", *arguments)
+            status, out, err = self.orv("check", "sound.orv", *arguments)
             self.assertEqual((status, out), (2, ""), arguments)
             self.assertIn("--format", err)
 

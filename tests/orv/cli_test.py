@@ -12,41 +12,30 @@ import pty
 import re
 import subprocess
 import sys
-import tempfile
-import time
 import unittest
 
 import jsonschema
 
-ORV, MAKE_POLYMESH, MAKE_MODELS, SCHEMA, MESHES = map(os.path.abspath, sys.argv[1:6])
+import program
+from program import ORV
+
+MAKE_POLYMESH, MAKE_MODELS, SCHEMA, MESHES = map(os.path.abspath, sys.argv[2:6])
 
 # What is said of every restart mesh in an OpenFOAM folder.
 NO_PHYSICS = "Warning: checkPhysicsToMeshMapUsingTopologyModel: No Physics Model - skipped\n"
 
 
-class CommandLine(unittest.TestCase):
-    """Runs in a folder of its own that holds a sound mesh and damaged ones."""
-
-    maxDiff = None
+class CommandLine(program.ProgramTest):
+    """Has a sound mesh in its folder, and damaged ones."""
 
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.TemporaryDirectory()
+        super().setUpClass()
         for name, damage in (("sound", None), ("label", "node-id"), ("gap", "patch-gap"),
                              ("cut", "truncated")):
             command = [MAKE_POLYMESH, f"{cls.folder.name}/{name}", "2", "1", "1"]
             subprocess.run(command + (["--damage", damage] if damage else []), check=True)
         pathlib.Path(cls.folder.name, "notes.txt").write_text("no mesh\n", encoding="utf-8")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.folder.cleanup()
-
-    def orv(self, *arguments):
-        """Exit status, standard output and standard error."""
-        done = subprocess.run([ORV, *arguments], cwd=self.folder.name, capture_output=True,
-                              check=False)
-        return done.returncode, done.stdout.decode(), done.stderr.decode()
 
     def report(self, *arguments):
         """The JSON of `check --json`, which has to fit the schema, and the exit status."""
@@ -353,92 +342,6 @@ class Other(CommandLine):
             self.assertNotEqual(err, "", arguments)
 
 
-class Sample(CommandLine):
-    def exists(self, name):
-        return pathlib.Path(self.folder.name, name).exists()
-
-    def test_lists_samples_and_defects(self):
-        status, out, err = self.orv("sample", "--list")
-        self.assertEqual((status, err), (0, ""))
-        sound, damaged = out.split("\n\n")
-        self.assertEqual([line.split()[0] for line in sound.splitlines()],
-                         ["sample", "box", "box-cells", "post", "polyhedra", "plane", "two-bodies",
-                          "periodic", "shadow", "physics", "results", "partitions"])
-        self.assertIn(["overlap", "post",
-                       "A face zone begins with the last face of the one before.", "1", "error",
-                       "checkFaceZones : Overlapping Face ranges"],
-                      [re.split("  +", line, maxsplit=5) for line in damaged.splitlines()])
-
-    def test_lists_as_json_what_it_lists_as_text(self):
-        status, out, err = self.orv("sample", "--list", "--json")
-        self.assertEqual((status, err), (0, ""))
-        lists = json.loads(out)
-        sound, damaged = (text.splitlines()[1:]
-                          for text in self.orv("sample", "--list")[1].split("\n\n"))
-        self.assertEqual([row["name"] for row in lists["samples"]],
-                         [line.split()[0] for line in sound])
-        self.assertEqual([row["name"] for row in lists["defects"]],
-                         [line.split()[0] for line in damaged])
-        self.assertEqual(lists["samples"][9],
-                         {"name": "results", "title": "box with the flow of water and air",
-                          "purpose": "Results of two phases on nodes, faces and cells.",
-                          "cells": 8000, "results": True})
-        self.assertIn({"name": "unnamed-zone", "sample": "post",
-                       "what": "A face zone has no name.", "checkLevel": 1, "level": "warning",
-                       "message": "checkFaceZones : Empty Face zone name"}, lists["defects"])
-
-    def test_says_what_it_does_not_know(self):
-        hint = "`orv sample --list` lists all\n"
-        for arguments, said in (
-                (["bxo", "new.orv"], f"no sample is named bxo; did you mean box? {hint}"),
-                (["tetrahedra", "new.orv"], f"no sample is named tetrahedra; {hint}"),
-                (["--defect", "overlaps", "new.orv"],
-                 f"no defect is named overlaps; did you mean overlap? {hint}"),
-                (["box"], "expected a sample and a file; `orv sample --list` lists the samples\n"),
-                (["--defect", "overlap", "box", "new.orv"],
-                 "a damaged sample takes one file; `orv sample --help` shows examples\n"),
-                (["box", "new.txt"], "new.txt: the name of a case file ends in .orv\n"),
-                (["box", ".orv"], ".orv: the name of a case file ends in .orv\n")):
-            self.assertEqual(self.orv("sample", *arguments), (2, "", f"orv: {said}"))
-        self.assertFalse(self.exists("new.orv"))
-
-    def test_refuses_numbers_that_are_out_of_range(self):
-        for arguments in (["--cells", "0"], ["--cells", "-5"], ["--compression", "10"], ["--json"]):
-            status, out, err = self.orv("sample", "box", "new.orv", *arguments)
-            self.assertEqual((status, out), (2, ""), arguments)
-            self.assertNotEqual(err, "", arguments)
-        self.assertFalse(self.exists("new.orv"))
-
-    def test_leaves_a_file_that_is_there(self):
-        for kept in ("kept.orv", "other.orvr"):
-            pathlib.Path(self.folder.name, kept).write_text("mine\n", encoding="utf-8")
-            name = kept[:kept.index(".")] + ".orv"
-            self.assertEqual(self.orv("sample", "results", name),
-                             (2, "", f"orv: {kept}: is there already; --force overwrites it\n"))
-            self.assertEqual(pathlib.Path(self.folder.name, kept).read_text(encoding="utf-8"),
-                             "mine\n")
-        self.assertFalse(self.exists("other.orv"))
-
-    def test_writes_the_same_bytes_each_time(self):
-        self.orv("sample", "results", "first.orv", "--cells", "27")
-        time.sleep(1.1)  # no file knows when it was made
-        self.orv("sample", "results", "second.orv", "--cells", "27")
-        for ending in ("orv", "orvr"):
-            first, second = (pathlib.Path(self.folder.name, f"{name}.{ending}").read_bytes()
-                             for name in ("first", "second"))
-            self.assertEqual(first, second)
-
-    def test_says_what_it_wrote(self):
-        status, out, err = self.orv("sample", "results", "flow.orv", "--cells", "27")
-        self.assertEqual((status, err), (0, ""))
-        size = r"\d+ bytes|\d+\.\d [kM]B"
-        self.assertRegex(out, rf"\Aflow\.orv: 27 cells, ({size})\n"
-                              rf"flow\.orvr: results, ({size})\n\Z")
-        self.assertTrue(self.exists("flow.orv"))
-        self.assertTrue(self.exists("flow.orvr"))
-        self.assertEqual(self.orv("sample", "results", "flow.orv", "--force")[0], 0)
-
-
 class RealMeshes(CommandLine):
     """Meshes that other programs made; skipped where they are not at hand."""
 
@@ -479,64 +382,6 @@ class RealMeshes(CommandLine):
                          {"dimension": 3, "nodes": 21812, "faces": 43066, "cells": 10720})
         self.assertEqual(mesh["zones"][1]["elements"], 21254)
         self.expect_patches_of_boundary(folder, mesh)
-
-
-class WrittenSamples(CommandLine):
-    """Samples as files, read again; skipped without a format that reads them."""
-
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        done = subprocess.run([ORV, "formats", "--json"], capture_output=True, check=True)
-        if not any(".orv" in row["files"] and row["reads"]
-                   for row in json.loads(done.stdout)["formats"]):
-            cls.tearDownClass()
-            raise unittest.SkipTest("no format reads .orv files")
-
-    def test_are_sound(self):
-        for row in json.loads(self.orv("sample", "--list", "--json")[1])["samples"]:
-            file = f"{row['name']}.orv"
-            self.assertEqual(self.orv("sample", row["name"], file, "--cells", "30")[::2], (0, ""))
-            self.assertEqual(self.orv("check", "--strict", "--level", "2", file),
-                             (0, f"{file}: sound (0 errors, 0 warnings)\n", ""))
-
-    def test_are_shown_with_the_results_beside_them(self):
-        self.orv("sample", "results", "flow.orv", "--cells", "8")
-        status, out, err = self.orv("info", "flow.orv")
-        self.assertEqual((status, err), (0, ""))
-        self.assertEqual(out.splitlines()[:3],
-                         ["flow.orv",
-                          "  version 1.0.0, solver type VELTO_GENERIC, no location model",
-                          "  results in flow.orvr"])
-        shown = json.loads(self.orv("info", "--json", "flow.orv")[1])["files"][0]
-        self.assertEqual((shown["results"], shown["phases"]), ("flow.orvr", ["water", "air"]))
-        self.assertEqual(shown["meshes"][0]["variables"][1],
-                         {"phase": "water", "on": "node", "name": "velocity",
-                          "valuesPerElement": 3, "zones": [1]})
-
-    def test_are_shown_without_results_that_cannot_be_read(self):
-        self.orv("sample", "results", "cut.orv", "--cells", "8")
-        file = os.path.join(self.folder.name, "cut.orvr")
-        with open(file, "r+b") as results:
-            results.truncate(1000)
-        status, out, err = self.orv("info", "cut.orv")
-        self.assertEqual((status, out.splitlines()[0]), (2, "cut.orv"))
-        self.assertRegex(err, r"^Error: cut\.orvr: the file is cut, it has 1000 of \d+ bytes\n$")
-
-    def test_are_told_apart_from_their_results(self):
-        self.orv("sample", "results", "whole.orv", "--cells", "8")
-        self.assertEqual(self.orv("check", "whole.orvr"), (
-            2, "whole.orvr: not checked (2 errors, 0 warnings)\n",
-            "Error: : Error reading ORV file\n"
-            "Error: : ORV - whole.orvr: the file holds the results of a case and no case\n"))
-
-    def test_have_the_defect_that_they_are_named_after(self):
-        for row in json.loads(self.orv("sample", "--list", "--json")[1])["defects"]:
-            file = f"{row['name']}.orv"
-            self.assertEqual(self.orv("sample", "--defect", row["name"], file)[::2], (0, ""))
-            report = self.report(file, "--level", str(row["checkLevel"]))[1]["files"][0]
-            self.assertIn(row["message"], [f"{found['step']} : {found['message']}"
-                                           for found in report[row["level"] + "s"]])
 
 
 if __name__ == "__main__":
