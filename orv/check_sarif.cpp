@@ -19,6 +19,7 @@
 
 #include "catalogue/catalogue.h"
 #include "orv/CheckReport.h"
+#include "orv/JsonWriter.h"
 #include "orv/check_places.h"
 
 namespace velto::orv {
@@ -84,39 +85,49 @@ Json locationOf(const CheckReport& report, const CheckFinding& finding) {
   return location;
 }
 
-/// The rules that were broken, in the order in which the first results break them.
+/// The rules that were broken, in the order in which the first findings break them.
 class Rules {
  public:
-  std::size_t indexOf(const CheckFinding& finding);
-  Json json() const { return rules_; }
+  explicit Rules(const std::vector<CheckReport>& reports);
+
+  std::size_t indexOf(const std::string& id) const { return positions_.at(id); }
+  const Json& json() const { return rules_; }
 
  private:
+  void add(const std::string& id, CheckSeverity severity);
+
   Json rules_ = Json::array();
   std::unordered_map<std::string, std::size_t> positions_;
 };
 
-std::size_t Rules::indexOf(const CheckFinding& finding) {
-  const std::string id = idOf(finding);
-  const auto [found, isNew] = positions_.try_emplace(id, rules_.size());
-  if (isNew) {
-    Json rule = {{"id", id}};
-    if (const catalogue::Entry* entry = catalogue::entryOfId(id)) {
-      rule["shortDescription"] = {{"text", entry->text}};
-      rule["fullDescription"] = {{"text", entry->means}};
-      rule["help"] = {{"text", "Cause: " + entry->cause + "\nRemedy: " + entry->remedy}};
+Rules::Rules(const std::vector<CheckReport>& reports) {
+  for (const CheckReport& report : reports) {
+    for (const CheckFinding& finding : report.findings) {
+      add(idOf(finding), finding.severity);
     }
-    rule["defaultConfiguration"] = {{"level", severityWord(finding.severity)}};
-    rules_.push_back(std::move(rule));
   }
-  return found->second;
 }
 
-Json resultOf(const CheckReport& report, const CheckFinding& finding, Rules& rules) {
-  const std::size_t rule = rules.indexOf(finding);
+void Rules::add(const std::string& id, CheckSeverity severity) {
+  if (!positions_.try_emplace(id, rules_.size()).second) {
+    return;
+  }
+  Json rule = {{"id", id}};
+  if (const catalogue::Entry* entry = catalogue::entryOfId(id)) {
+    rule["shortDescription"] = {{"text", entry->text}};
+    rule["fullDescription"] = {{"text", entry->means}};
+    rule["help"] = {{"text", "Cause: " + entry->cause + "\nRemedy: " + entry->remedy}};
+  }
+  rule["defaultConfiguration"] = {{"level", severityWord(severity)}};
+  rules_.push_back(std::move(rule));
+}
+
+Json resultOf(const CheckReport& report, const CheckFinding& finding, const Rules& rules) {
+  const std::string id = idOf(finding);
   Json properties = {{"step", finding.step}};
   properties.update(placeJson(finding.place));
-  return {{"ruleId", idOf(finding)},
-          {"ruleIndex", rule},
+  return {{"ruleId", id},
+          {"ruleIndex", rules.indexOf(id)},
           {"level", severityWord(finding.severity)},
           {"message", {{"text", finding.message}}},
           {"locations", Json::array({locationOf(report, finding)})},
@@ -174,22 +185,26 @@ Json ranOf(const std::vector<CheckReport>& reports) {
 }  // namespace
 
 void printCheckSarif(const std::vector<CheckReport>& reports, const CheckOptions& options) {
-  Rules rules;
-  Json results = Json::array();
+  const Rules rules(reports);
+  JsonWriter writer(std::cout);
+  writer.write("$schema", "https://json.schemastore.org/sarif-2.1.0.json");
+  writer.write("version", "2.1.0");
+  writer.beginArray("runs");
+  writer.beginObject();
+  writer.write(
+      "tool",
+      {{"driver", {{"name", "orv"}, {"semanticVersion", ORV_VERSION}, {"rules", rules.json()}}}});
+  writer.write("invocations", Json::array({invocationOf(reports, options)}));
+  writer.beginArray("results");
   for (const CheckReport& report : reports) {
     for (const CheckFinding& finding : report.findings) {
-      results.push_back(resultOf(report, finding, rules));
+      writer.write(resultOf(report, finding, rules));
     }
   }
-  const Json driver = {{"name", "orv"}, {"semanticVersion", ORV_VERSION}, {"rules", rules.json()}};
-  const Json run = {{"tool", {{"driver", driver}}},
-                    {"invocations", Json::array({invocationOf(reports, options)})},
-                    {"results", std::move(results)},
-                    {"properties", {{"ran", ranOf(reports)}}}};
-  const Json log = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
-                    {"version", "2.1.0"},
-                    {"runs", Json::array({run})}};
-  std::cout << log.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << std::endl;
+  writer.endArray();
+  writer.write("properties", {{"ran", ranOf(reports)}});
+  writer.endObject();
+  writer.endArray();
 }
 
 }  // namespace velto::orv

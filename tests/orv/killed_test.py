@@ -5,7 +5,6 @@
 Usage: killed_test.py ORV
 """
 
-import os
 import random
 import re
 import shutil

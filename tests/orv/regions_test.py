@@ -7,7 +7,6 @@ Usage: regions_test.py ORV MAKE_POLYMESH MAKE_MODELS MAKE_REGION_CASE SCHEMA
 
 import json
 import os
-import pathlib
 import subprocess
 import sys
 import tempfile
