@@ -72,7 +72,17 @@ std::string placeText(const CheckPlace& place) {
   return text;
 }
 
+bool isCutShort(const CheckReport& report) {
+  return !report.isComplete || report.verdict == Verdict::notChecked;
+}
+
 std::string endText(const CheckReport& report) {
+  if (report.ran.empty()) {
+    return "the file could not be read";
+  }
+  if (report.isComplete) {
+    return "nothing was checked";
+  }
   const StepsRun& last = report.ran.back();
   const std::string place = placeText(last.place);
   return fmt::format("the check ended in {}{}{}; what follows it was not checked",

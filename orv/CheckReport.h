@@ -63,8 +63,11 @@ std::string omissionText(CheckOmission reason);
 /// "mesh 1, restart, partition 3", and "" for the file as a whole.
 std::string placeText(const CheckPlace& place);
 
-/// "the check ended in checkMeshSize of mesh 1, restart; what follows it was not checked". For a
-/// report that is not complete and of which a step ran.
+/// Whether less was checked than was asked for.
+bool isCutShort(const CheckReport& report);
+
+/// Why, for a report that is: "the check ended in checkMeshSize of mesh 1, restart; what follows it
+/// was not checked".
 std::string endText(const CheckReport& report);
 
 /// On standard output, for all files of a command.
@@ -72,7 +75,8 @@ void printCheckJson(const std::vector<CheckReport>& reports, const CheckOptions&
 void printCheckJunit(const std::vector<CheckReport>& reports, const CheckOptions& options);
 void printCheckSarif(const std::vector<CheckReport>& reports, const CheckOptions& options);
 
-/// On standard error: where to look further, at most once for each kind of message.
+/// On standard error: which places have errors, if there are several; where to look further, at
+/// most once for each kind of message.
 void hintAt(const CheckReport& report);
 
 }  // namespace velto::orv

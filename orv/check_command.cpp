@@ -91,6 +91,14 @@ bool isNothingSelected(const CheckReport& report) {
          std::none_of(report.leftOut.begin(), report.leftOut.end(), isWalked);
 }
 
+/// Whether more was checked than the partition that was asked for: restart and post targets are not
+/// filtered by it.
+bool isAnyPartitionTaken(const CheckReport& report, int partition) {
+  return std::any_of(report.ran.begin(), report.ran.end(), [partition](const StepsRun& run) {
+    return !(run.place == CheckPlace()) && run.place.partition != partition;
+  });
+}
+
 /// Records an error that the checker does not know of, and says it.
 void addError(CheckReport& report, const std::string& text, const CheckOptions& options) {
   report.verdict = Verdict::notChecked;
@@ -133,6 +141,9 @@ CheckReport checkFile(const std::string& file, const CheckOptions& options) {
   runChecker(checker, report, options);
   if (isText(options) && isUnknown(report)) {
     hintAtFormats(file);
+  }
+  if (verbosity > 0 && options.partition != -1 && isAnyPartitionTaken(report, options.partition)) {
+    hintAtPartitions(file);
   }
   if (verbosity == 1) {
     tellLeftOut(file, outLimit);

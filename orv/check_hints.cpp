@@ -3,11 +3,18 @@
 // Where to look further after a check: by the kinds of messages that came up.
 
 #include <algorithm>
+#include <cstddef>
+#include <fmt/format.h>
 #include <initializer_list>
+#include <iostream>
+#include <map>
 #include <string>
+#include <vector>
 
 #include "orv/CheckReport.h"
 #include "orv/hints.h"
+#include "orv/shown_name.h"
+#include "orv/words.h"
 
 namespace velto::orv {
 
@@ -54,9 +61,39 @@ bool isOfPhysics(const CheckFinding& finding) {
   return isStepOneOf(finding, {"checkDomain", "checkSubdomain", "checkBoundary", "checkInterface"});
 }
 
+/// Whether the data-access library gave a reason: values that it could not read count as zeros.
+bool isUnread(const CheckFinding& finding) { return beginsWith(finding.message, "ORV - "); }
+
+/// Messages do not tell where in a case they arose.
+void tellPlaces(const CheckReport& report) {
+  const bool isOnePlace = report.ran.size() < 3;  // beside the file as a whole
+  if (isOnePlace) {
+    return;
+  }
+  constexpr std::size_t kMost = 10;
+  std::map<std::string, std::size_t> errors;
+  std::vector<std::string> places;
+  for (const CheckFinding& finding : report.findings) {
+    const std::string place = placeText(finding.place);
+    if (finding.severity == CheckSeverity::error && !place.empty() && ++errors[place] == 1) {
+      places.push_back(place);
+    }
+  }
+  for (std::size_t i = 0; i < std::min(places.size(), kMost); ++i) {
+    std::cerr << fmt::format("orv: {}: {} in {}\n", shownText(report.file),
+                             counted(errors.at(places[i]), "error", "errors"), places[i]);
+  }
+  if (places.size() > kMost) {
+    std::cerr << fmt::format("orv: {}: errors in {} more places; --json names all\n",
+                             shownText(report.file), places.size() - kMost);
+  }
+  std::cerr << std::flush;
+}
+
 }  // namespace
 
 void hintAt(const CheckReport& report) {
+  tellPlaces(report);
   const auto any = [&report](bool (*is)(const CheckFinding&)) {
     return std::any_of(report.findings.begin(), report.findings.end(), is);
   };
@@ -69,10 +106,10 @@ void hintAt(const CheckReport& report) {
   if (any(isOfZones)) {
     hintAtZones(report.file);
   }
-  if (anyError(isOfIds)) {
+  if (anyError(isOfIds) && !anyError(isUnread)) {
     hintAtIds(report.file);
   }
-  if (anyError(isOfFaceCounts)) {
+  if (anyError(isOfFaceCounts) && !anyError(isUnread)) {
     hintAtFaceCounts(report.file);
   }
   if (anyError(isFailedBuild)) {

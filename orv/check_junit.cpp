@@ -92,15 +92,15 @@ Suite::Suite(const CheckReport& report, bool strict) {
     const bool fails = strict || finding.severity == CheckSeverity::error;
     (fails ? test.failures : test.remarks).push_back(&finding);
   }
-  if (!report.isComplete) {
+  if (isCutShort(report)) {
     addEnd(report);
   }
   addLeftOut(report);
 }
 
 void Suite::addEnd(const CheckReport& report) {
-  if (report.ran.empty()) {
-    at(CheckPlace(), "").end = "the file could not be opened";
+  if (report.ran.empty() || report.isComplete) {
+    at(CheckPlace(), "").end = endText(report);
     return;
   }
   const StepsRun& last = report.ran.back();
@@ -146,12 +146,15 @@ std::string nameOf(const TestCase& test) {
 
 /// "failure", or where the check went no further "error": a test has one of them at most.
 void printFailures(const TestCase& test) {
+  std::string type;
+  std::string message = test.end;
+  if (!test.failures.empty()) {
+    type = idOf(*test.failures.front());
+    message = test.end.empty() ? test.failures.front()->message : test.end;
+  }
   const char* element = test.end.empty() ? "failure" : "error";
-  const CheckFinding* first = test.failures.empty() ? nullptr : test.failures.front();
-  const std::string message = test.end.empty() ? first->message : test.end;
-  std::cout << fmt::format("      <{} type=\"{}\" message=\"{}\">\n{}</{}>\n", element,
-                           first == nullptr ? "" : idOf(*first), xmlText(message),
-                           linesOf(test.failures), element);
+  std::cout << fmt::format("      <{} type=\"{}\" message=\"{}\">\n{}</{}>\n", element, type,
+                           xmlText(message), linesOf(test.failures), element);
 }
 
 void printCase(const std::string& file, const TestCase& test) {

@@ -153,10 +153,9 @@ Json invocationOf(const std::vector<CheckReport>& reports, const CheckOptions& o
   Json notifications = Json::array();
   bool isWhole = true;
   for (const CheckReport& report : reports) {
-    isWhole = isWhole && report.isComplete;
-    if (!report.isComplete) {
-      notifications.push_back(notification(
-          report, "error", report.ran.empty() ? "the file could not be opened" : endText(report)));
+    isWhole = isWhole && !isCutShort(report);
+    if (isCutShort(report)) {
+      notifications.push_back(notification(report, "error", endText(report)));
     }
     for (const StepsLeftOut& leftOut : report.leftOut) {
       notifications.push_back(notification(report, "note", leftOutText(leftOut)));

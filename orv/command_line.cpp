@@ -226,7 +226,7 @@ void addExplain(CLI::App& app, ExplainOptions& options) {
   explain->add_flag("--json", options.json, "Print one JSON document instead of text");
   explain->footer(
       "A message may be pasted as it stands: with its step or without, behind \"Error:\" or \"Warning:\",\n"
-      "wrapped by a terminal, with the name of a log in front. <...> stands for a value. What comes on\n"
+      "its words on several lines, with the name of a log in front. <...> stands for a value. What comes on\n"
       "standard input is a log: its messages are explained once each, with how many lines have them, and\n"
       "its other lines are counted. Without TEXT a log is read if standard input is no terminal.\n\n"
       "Examples:\n"

@@ -10,6 +10,7 @@
 #include "velto/OrvCopier.h"
 
 #include "data_access/OrvFactory.h"
+#include "data_access/OrvVersion.h"
 
 #include "orv/CaseComparison.h"
 #include "orv/CaseSummary.h"
@@ -204,6 +205,18 @@ ProviderOwner openSource(const CopyFiles& files, bool isBarWanted) {
   return isOpen ? std::move(source) : nullptr;
 }
 
+/// What a later version added is not known here, and not carried.
+void tellNewerVersion(const CaseSummary& summary) {
+  if (summary.major > static_cast<int>(OrvVersion::getMajor())) {
+    std::cerr
+        << fmt::format(
+               "orv: {}: is of version {}.{}.{}, which is newer than this program; what is new "
+               "in it is not copied",
+               shownText(summary.file), summary.major, summary.minor, summary.patch)
+        << std::endl;
+  }
+}
+
 int copyFiles(const CopyOptions& options) {
   CopyFiles files = chooseFiles(options);
   const ProviderOwner source = openSource(files, !options.verbose);
@@ -211,6 +224,7 @@ int copyFiles(const CopyOptions& options) {
     return exitNotDone;
   }
   const CaseSummary summary = summarise(files.source, *source);
+  tellNewerVersion(summary);
   const CopyPlan plan = planCopy(*source, summary, options, *files.format);
   InterruptWatch::stopIfInterrupted();
   settleFiles(files, plan, options);

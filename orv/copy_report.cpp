@@ -45,6 +45,7 @@ std::vector<std::uint64_t> cellsOfPlaces(const CopyFiles& files, const CopyPlan&
   const bool isSplit = files.written.size() >= ofPartitions.size() && ofPartitions.size() > 1 &&
                        files.written[1] != files.destinationResults;
   std::vector<std::uint64_t> cells;
+  cells.reserve(ofPartitions.size());
   for (const auto& [partition, count] : ofPartitions) {
     cells.push_back(isSplit ? count : all);
   }

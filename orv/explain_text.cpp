@@ -52,17 +52,26 @@ std::string wrapped(const std::string& label, const std::string& words) {
   return lines + line + "\n";
 }
 
+constexpr std::size_t kMostOfValue = 200;
+
 /// A value of a message: as much of it as helps to find it.
 std::string shownValue(const std::string& value) {
-  constexpr std::size_t kMost = 200;
-  if (value.size() <= kMost) {
+  if (value.size() <= kMostOfValue) {
     return shownName(value);
   }
-  std::size_t end = kMost;
+  std::size_t end = kMostOfValue;
   while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80U) {
     --end;
   }
   return shownName(value.substr(0, end)) + "...";
+}
+
+/// A single value stands as it is where it can, several must be told apart.
+std::string shownValues(const std::vector<std::string>& values) {
+  const bool isPlain =
+      values.size() == 1 && !values.front().empty() && shownText(values.front()) == values.front();
+  const bool isShort = values.front().size() <= kMostOfValue;
+  return isPlain && isShort ? values.front() : joined(values, ", ", shownValue);
 }
 
 /// Whether "See it" says more than which commands to give.
@@ -98,7 +107,7 @@ std::string entryText(const Entry& entry, const std::string& lines, const Values
                                  tool.empty() ? "" : " of " + tool, lines, entry.text);
   for (const std::vector<std::string>& one : values) {
     if (!one.empty()) {
-      text += fmt::format("  here: {}\n", joined(one, ", ", shownValue));
+      text += fmt::format("  here: {}\n", shownValues(one));
     }
   }
   text += hasMore ? "  and others\n" : "";

@@ -5,22 +5,37 @@
 #ifndef VELTO_ORV_HINTS_H
 #define VELTO_ORV_HINTS_H
 
+#include <filesystem>
 #include <iostream>
 #include <string>
+#include <system_error>
 
 #include "orv/shown_name.h"
 
 namespace velto::orv {
 
-/// Says on standard error where to look when no format recognises a file.
+/// Says on standard error where to look when no format recognises a file, or a folder.
 inline void hintAtFormats(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": no format knows this file; `orv formats` lists what can be read" << std::endl;
+  std::error_code ignored;
+  const bool isFolder = std::filesystem::is_directory(file, ignored);
+  std::cerr << "orv: " << shownText(file) << ": "
+            << (isFolder ? "no format knows this folder (an OpenFOAM case has its mesh in "
+                           "constant/polyMesh); "
+                         : "no format knows this file; ")
+            << "`orv formats` lists what can be read" << std::endl;
 }
 
 /// Says on standard error how to see which zones the messages of the zone checks are about.
 inline void hintAtZones(const std::string& file) {
   std::cerr << "orv: " << shownText(file) << ": `orv check -v 2` lists the zones as they are judged"
+            << std::endl;
+}
+
+/// Says that a filter that was asked for filtered nothing.
+inline void hintAtPartitions(const std::string& file) {
+  std::cerr << "orv: " << shownText(file)
+            << ": --partition picks among the partitions of partitioned post targets; the others "
+               "were checked whole"
             << std::endl;
 }
 

@@ -53,7 +53,10 @@ int run(int argc, char** argv) {
     std::cout << manualPage(readCommands(app));
     return exitSound;
   }
-  return app.got_subcommand("sample") ? runSample(line.sample) : runFormats(line.formats);
+  if (app.got_subcommand("sample")) {
+    return runSample(line.sample);
+  }
+  return runFormats(line.formats);
 }
 
 }  // namespace

@@ -210,7 +210,14 @@ class Junit(Reports):
                          ["the check ended in checkMeshSize of mesh 1, restart; what follows it "
                           "was not checked",
                           "the check ended in checkVersion; what follows it was not checked",
-                          "the file could not be opened"])
+                          "the file could not be read"])
+
+    def test_has_an_error_where_nothing_was_checked(self):
+        status, root = self.junit("sound.orv", "--mesh", "9")
+        self.assertEqual((status, root.get("failures"), root.get("errors")), (2, "0", "1"))
+        error, = root.iter("error")
+        self.assertEqual((error.get("type"), error.get("message")),
+                         ("selection-empty", "nothing was checked"))
 
     def test_stays_valid_whatever_a_file_is_named(self):
         odd = os.fsdecode(b"<a & \"b\">\x1b\n\xff\xef\xbf\xbf.orv")
@@ -260,7 +267,8 @@ class Sarif(Reports):
         self.assertEqual(invocation["executionSuccessful"], False)
         self.assertEqual([(note["level"], note["message"]["text"])
                           for note in invocation["toolExecutionNotifications"]],
-                         [("note", "all steps of mesh 1, post: left out by --target"),
+                         [("error", "nothing was checked"),
+                          ("note", "all steps of mesh 1, post: left out by --target"),
                           ("error", "the check ended in checkMeshSize of mesh 1, restart; what "
                                     "follows it was not checked")])
         self.assertEqual(self.sarif("sound.orv")[1]["invocations"][0]["executionSuccessful"], True)
@@ -281,6 +289,25 @@ class Text(Reports):
         self.assertEqual(err, "Error: checkMeshSize: Invalid mesh dimension\n"
                               "orv: one-dimensional.orv: the check ended in checkMeshSize of mesh "
                               "1, restart; what follows it was not checked\n")
+
+    def test_names_the_places_that_have_errors_where_there_are_several(self):
+        for processor in (0, 1, 2):
+            damage = ["--damage", "patch-gap"] if processor == 1 else []
+            subprocess.run([MAKE_POLYMESH,
+                            f"{self.folder.name}/run/processor{processor}/constant/polyMesh",
+                            "2", "1", "1", *damage], check=True)
+        status, out, err = self.orv("check", "run")
+        self.assertEqual((status, out), (1, "run: not sound (1 error, 4 warnings)\n"))
+        self.assertEqual([line for line in err.splitlines() if line.startswith("orv: ")],
+                         ["orv: run: 1 error in mesh 1, restart, partition 1",
+                          "orv: run: `orv check -v 2` lists the zones as they are judged"])
+
+    def test_tells_that_a_filter_filtered_nothing(self):
+        status, out, err = self.orv("check", "sound.orv", "--partition", "7")
+        self.assertEqual((status, out), (0, "sound.orv: sound (0 errors, 0 warnings)\n"))
+        self.assertEqual(err, "orv: sound.orv: --partition picks among the partitions of partitioned "
+                              "post targets; the others were checked whole\n")
+        self.assertEqual(self.orv("check", "parts.orv", "--partition", "1")[2], "")
 
     def test_refuses_other_formats(self):
         for arguments in (["--format", "xml"], ["--json", "--format", "sarif"]):

@@ -274,6 +274,15 @@ class Plans(OrvCopy):
                               0 if "--dry-run" in arguments else 2))
 
 
+class NewerVersion(OrvCopy):
+    def test_is_copied_as_far_as_it_is_known(self):
+        self.orv("sample", "--defect", "newer-major", "newer.orv")
+        status, out, err = self.orv("copy", "newer.orv", "copy.orv")
+        self.assertEqual((status, out.split(":")[0]), (0, "copy.orv"))
+        self.assertRegex(err, r"\Aorv: newer\.orv: is of version \d+\.\d+\.\d+, which is newer than "
+                              r"this program; what is new in it is not copied\n")
+
+
 class Refusals(OrvCopy):
     def refused(self, *arguments):
         before = self.files()

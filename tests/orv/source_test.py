@@ -264,7 +264,8 @@ class NoSource(Sources):
 
     def test_is_a_folder_without_a_mesh(self):
         (self.folder / "none").mkdir()
-        unknown = "orv: none: no format knows this file; `orv formats` lists what can be read\n"
+        unknown = ("orv: none: no format knows this folder (an OpenFOAM case has its mesh in "
+                   "constant/polyMesh); `orv formats` lists what can be read\n")
         self.expect("none", f"Error: : Not a ORV file (cannot setup provider)\n{unknown}", unknown)
 
     def test_is_not_there_any_more(self):
