@@ -76,16 +76,6 @@ ExitStatus refuse(const std::string& reason) {
   return exitNotDone;
 }
 
-template <class Info>
-std::vector<std::string> namesOf(const std::vector<Info>& list) {
-  std::vector<std::string> names;
-  names.reserve(list.size());
-  for (const Info& info : list) {
-    names.emplace_back(info.name);
-  }
-  return names;
-}
-
 ExitStatus refuseName(const std::string& kind, const std::string& name,
                       const std::vector<std::string>& names) {
   return refuse(fmt::format("no {} is named {}; {}`orv sample --list` lists all", kind, name,

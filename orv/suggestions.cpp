@@ -5,24 +5,11 @@
 #include "orv/suggestions.h"
 
 #include "orv/copy_files.h"
+#include "orv/words.h"
 #include "samples/defects.h"
 #include "samples/samples.h"
 
 namespace velto::orv {
-
-namespace {
-
-template <class Info>
-std::vector<std::string> namesOf(const std::vector<Info>& list) {
-  std::vector<std::string> names;
-  names.reserve(list.size());
-  for (const Info& info : list) {
-    names.emplace_back(info.name);
-  }
-  return names;
-}
-
-}  // namespace
 
 std::vector<Suggestion> suggestions() {
   return {

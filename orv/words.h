@@ -61,6 +61,17 @@ inline std::string counted(std::size_t count, std::string_view one, std::string_
   return fmt::format("{} {}", count, count == 1 ? one : more);
 }
 
+/// The names of what has one, such as all samples.
+template <class Info>
+std::vector<std::string> namesOf(const std::vector<Info>& list) {
+  std::vector<std::string> names;
+  names.reserve(list.size());
+  for (const Info& info : list) {
+    names.emplace_back(info.name);
+  }
+  return names;
+}
+
 /// Bytes for people: "812 bytes", "1.2 MB".
 inline std::string sizeText(std::uint64_t bytes) {
   if (bytes < 1000) {
