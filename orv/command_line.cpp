@@ -33,7 +33,7 @@ void addCheck(CLI::App& app, CheckOptions& options) {
   check
       ->add_option(
           "-l,--level", options.level,
-          "0 the file as a whole, 1 zones and what refers to them, 2 every node, face and cell")
+          "0 the file as a whole, 1 zones and what refers to them, 2 what each face and cell lists")
       ->check(CLI::Range(0, 2))
       ->capture_default_str();
   check
@@ -73,9 +73,8 @@ void addCheck(CLI::App& app, CheckOptions& options) {
       "mesh, whether as many faces reach each cell as its type has, whether faces and cells share their\n"
       "nodes, where shadow faces lie. A mesh without a location model gets one made of its zones, as\n"
       "`orv model` shows it. What the OpenFOAM reader finds wrong with single entries comes as warnings.\n"
-      "`orv explain` tells what a message means and what to do.\n"
       "An OpenFOAM mesh holds no physics, which is a warning too, so that --strict goes with\n"
-      "--no-location-model there.\n\n"
+      "--no-location-model there. `orv explain` tells what a message means and what to do.\n\n"
       "Examples:\n"
       "  orv check constant/polyMesh           an OpenFOAM mesh\n"
       "  orv check case/ --level 2             a case folder, with its connectivity\n"
