@@ -197,6 +197,21 @@ void judgePatchRanges(const PolyMesh& mesh, const CellSurvey& survey, Texts& war
   beyond.appendTo(warnings);
 }
 
+/// A solver keeps the fields of its boundary by the names of patches.
+void judgePatchNames(const PolyMesh& mesh, Texts& warnings) {
+  Culprits bad(mesh.boundaryFile, "patches with the name of another");
+  std::map<std::string, const Patch*> byName;
+  for (const Patch& patch : mesh.patches) {
+    const auto [first, isNew] = byName.emplace(patch.name, &patch);
+    if (!isNew) {
+      bad.add([&, before = first->second] {
+        return place(patch) + ": line " + text(before->line) + " has a patch of this name already";
+      });
+    }
+  }
+  bad.appendTo(warnings);
+}
+
 void judgePairs(const PolyMesh& mesh, Texts& warnings) {
   Culprits bad(mesh.boundaryFile, "cyclic patches without their other half");
   std::map<std::string, const Patch*> byName;
@@ -304,6 +319,7 @@ std::vector<std::string> findCulprits(const PolyMesh& mesh, const CellSurvey& su
                   warnings);
   judgeCells(mesh, survey, warnings);
   judgePatchRanges(mesh, survey, warnings);
+  judgePatchNames(mesh, warnings);
   judgePairs(mesh, warnings);
   judgeZones(mesh.cellZonesFile, "cell", mesh.cellZones, survey.cellCount(), warnings);
   judgeZones(mesh.faceZonesFile, "face", mesh.faceZones, mesh.faceNodeCounts.size(), warnings);

@@ -94,6 +94,12 @@ const Row kRows[] = {
      "boundary: line 20, patch none: startFace is 6, patch yMax ends at 7, startFace 7 is expected\n"},
     {"AnInternalFaceTooFew", [](BoxMesh& mesh) { mesh.neighbour.clear(); },
      "boundary: line 14, patch xMin: startFace is 1, the internal faces end at 0, startFace 0 is expected\n"},
+    {"PatchesOfOneName",
+     [](BoxMesh& mesh) {
+       mesh.patches[2].name = "xMin";
+       mesh.patches[4].name = "xMin";
+     },
+     "boundary: line 16, patch xMin: line 14 has a patch of this name already\nboundary: line 18, patch xMin: line 14 has a patch of this name already\n"},
     {"CyclicWithoutItsOtherHalf",
      [](BoxMesh& mesh) {
        mesh.patches[0].type = "cyclic";
