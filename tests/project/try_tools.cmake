@@ -9,6 +9,15 @@ expect("ids.orv: error: checkFaceConnectivity : Face node ids out of node id ran
 missing: error:  : Error: No such file / unreadable
 " 1 ${programs}/check_case physics.orv ids.orv missing)
 
+run(0 ${prefix}/bin/orv sample --defect overlap overlap.orv)
+run(0 ${prefix}/bin/orv sample --defect one-dimensional line.orv)
+expect("" 0 ${programs}/list_findings physics.orv)
+expect("error, mesh 1, target 1, partition -1, checkFaceZones: Overlapping Face ranges\n"
+  1 ${programs}/list_findings overlap.orv)
+expect("error, mesh 1, target 0, partition -1, checkMeshSize: Invalid mesh dimension
+the check ended in checkMeshSize
+" 1 ${programs}/list_findings line.orv)
+
 expect("" 0 ${programs}/copy_case physics.orv copy.orv)
 expect("copy.orv: sound (0 errors, 0 warnings)\n" 0 ${prefix}/bin/orv check --level 2 copy.orv)
 expect("missing: not a case that can be read\n" 2 ${programs}/copy_case missing none.orv)
