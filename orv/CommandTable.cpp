@@ -66,16 +66,13 @@ Words lastNamesOf(const std::set<CLI::Option*>& options) {
 }
 
 /// Numbers, and the words of a list: CLI11 tells them in the type that its help shows, such as
-/// "UINT:UINT in [0 - 9]", "INT:POSITIVE" and "TEXT:{restart,post,ppost}"; words that it turns
-/// into something else stand there as "ENUM:value in {json->1,text->0} OR {1,0}".
+/// "UINT:UINT in [0 - 9]", "INT:POSITIVE" and "TEXT:{restart,post,ppost}".
 void readType(const std::string& type, Argument& argument) {
   const std::string list = between(type, "{", "}");
   const std::string head = type.substr(0, type.find(':'));
   if (!list.empty()) {
     argument.kind = ValueKind::words;
-    for (const std::string& word : split(list, ',')) {
-      argument.words.push_back(word.substr(0, word.find("->")));
-    }
+    argument.words = split(list, ',');
   } else if (head == "INT" || head == "UINT" || head == "FLOAT") {
     argument.kind = ValueKind::number;
   } else {

@@ -55,8 +55,7 @@ std::uint64_t mostLines(int verbosity) {
 
 void tellLeftOut(const std::string& file, const LineLimit& limit) {
   for (const LineLimit::LeftOut& lines : limit.leftOut()) {
-    std::cerr << "orv: " << shownText(file) << ": " << lines.count << " more like \"" << lines.like
-              << "\"; -v 2 shows all" << std::endl;
+    tell(file, fmt::format("{} more like \"{}\"; -v 2 shows all", lines.count, lines.like));
   }
 }
 
@@ -102,10 +101,9 @@ bool isAnyPartitionTaken(const CheckReport& report, int partition) {
 /// Records an error that the checker does not know of, and says it.
 void addError(CheckReport& report, const std::string& text, const CheckOptions& options) {
   report.verdict = Verdict::notChecked;
-  report.findings.push_back({CheckPlace(), CheckSeverity::error, "", text});
-  ++report.errors;
+  CheckRecorder(report).onFinding(CheckPlace(), CheckSeverity::error, "", text);
   if (isText(options)) {
-    std::cerr << "orv: " << shownText(report.file) << ": " << shownText(text) << std::endl;
+    tell(report.file, shownText(text));
   }
 }
 
@@ -151,7 +149,7 @@ CheckReport checkFile(const std::string& file, const CheckOptions& options) {
     hintAt(report);
   }
   if (verbosity > 0 && !report.isComplete && !report.ran.empty()) {
-    std::cerr << "orv: " << shownText(file) << ": " << endText(report) << std::endl;
+    tell(file, endText(report));
   }
   return report;
 }

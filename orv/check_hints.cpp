@@ -6,14 +6,12 @@
 #include <cstddef>
 #include <fmt/format.h>
 #include <initializer_list>
-#include <iostream>
-#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "orv/CheckReport.h"
 #include "orv/hints.h"
-#include "orv/shown_name.h"
 #include "orv/words.h"
 
 namespace velto::orv {
@@ -71,23 +69,24 @@ void tellPlaces(const CheckReport& report) {
     return;
   }
   constexpr std::size_t kMost = 10;
-  std::map<std::string, std::size_t> errors;
-  std::vector<std::string> places;
+  std::vector<std::pair<CheckPlace, std::size_t>> places;  // the walk comes to each once
   for (const CheckFinding& finding : report.findings) {
-    const std::string place = placeText(finding.place);
-    if (finding.severity == CheckSeverity::error && !place.empty() && ++errors[place] == 1) {
-      places.push_back(place);
+    if (finding.severity == CheckSeverity::error && !(finding.place == CheckPlace())) {
+      if (places.empty() || !(places.back().first == finding.place)) {
+        places.emplace_back(finding.place, 0);
+      }
+      ++places.back().second;
     }
   }
   for (std::size_t i = 0; i < std::min(places.size(), kMost); ++i) {
-    std::cerr << fmt::format("orv: {}: {} in {}\n", shownText(report.file),
-                             counted(errors.at(places[i]), "error", "errors"), places[i]);
+    const auto& [place, errors] = places[i];
+    tell(report.file,
+         fmt::format("{} in {}", counted(errors, "error", "errors"), placeText(place)));
   }
   if (places.size() > kMost) {
-    std::cerr << fmt::format("orv: {}: errors in {} more places; --json names all\n",
-                             shownText(report.file), places.size() - kMost);
+    tell(report.file,
+         fmt::format("errors in {} more places; --json names all", places.size() - kMost));
   }
-  std::cerr << std::flush;
 }
 
 }  // namespace

@@ -22,8 +22,8 @@
 #include "orv/commands.h"
 #include "orv/copy_files.h"
 #include "orv/copy_report.h"
+#include "orv/hints.h"
 #include "orv/open_case.h"
-#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -112,11 +112,10 @@ class Copying {
     printMessages(*destination_, files_.destination);
     if (!isDone) {
       destination_.reset();  // drops what is half written
-      std::cerr << "orv: " << shownText(files_.destination) << ": "
-                << (InterruptWatch::isInterrupted() ? "interrupted; " : "") << otherwise
-                << (sourceFailed_ && !options_.keepGoing ? "; --keep-going copies what can be read"
-                                                         : "")
-                << std::endl;
+      const bool isStuck = sourceFailed_ && !options_.keepGoing;
+      tell(files_.destination, (InterruptWatch::isInterrupted() ? "interrupted; " : "") +
+                                   otherwise +
+                                   (isStuck ? "; --keep-going copies what can be read" : ""));
     }
     return isDone;
   }
@@ -173,8 +172,7 @@ bool verify(OrvFileProvider& source, const CopyFiles& files, const CopyPlan& pla
     printMessages(*copy, files.destination);
     return comparison.differenceCount() == 0 && !copy->hasError();
   } catch (const Interrupted&) {
-    std::cerr << "orv: " << shownText(files.destination)
-              << ": interrupted; written, and not verified" << std::endl;
+    tell(files.destination, "interrupted; written, and not verified");
     return false;
   }
 }
@@ -208,12 +206,10 @@ ProviderOwner openSource(const CopyFiles& files, bool isBarWanted) {
 /// What a later version added is not known here, and not carried.
 void tellNewerVersion(const CaseSummary& summary) {
   if (summary.major > static_cast<int>(OrvVersion::getMajor())) {
-    std::cerr
-        << fmt::format(
-               "orv: {}: is of version {}.{}.{}, which is newer than this program; what is new "
-               "in it is not copied",
-               shownText(summary.file), summary.major, summary.minor, summary.patch)
-        << std::endl;
+    tell(summary.file,
+         fmt::format("is of version {}.{}.{}, which is newer than this program; what is "
+                     "new in it is not copied",
+                     summary.major, summary.minor, summary.patch));
   }
 }
 
@@ -246,8 +242,7 @@ int runCopy(const CopyOptions& options) {
   try {
     return copyFiles(options);
   } catch (const Interrupted&) {
-    std::cerr << "orv: " << shownText(options.destination) << ": interrupted; nothing was written"
-              << std::endl;
+    tell(options.destination, "interrupted; nothing was written");
     return exitNotDone;
   }
 }

@@ -14,66 +14,64 @@
 
 namespace velto::orv {
 
-/// Says on standard error where to look when no format recognises a file, or a folder.
+/// Says something of a file on standard error, on a line of its own. What comes from the file in it
+/// has to be fit for that.
+inline void tell(const std::string& file, const std::string& words) {
+  std::cerr << "orv: " << shownText(file) << ": " << words << std::endl;
+}
+
+/// Where to look when no format recognises a file, or a folder.
 inline void hintAtFormats(const std::string& file) {
   std::error_code ignored;
   const bool isFolder = std::filesystem::is_directory(file, ignored);
-  std::cerr << "orv: " << shownText(file) << ": "
-            << (isFolder ? "no format knows this folder (an OpenFOAM case has its mesh in "
-                           "constant/polyMesh); "
-                         : "no format knows this file; ")
-            << "`orv formats` lists what can be read" << std::endl;
+  tell(file, std::string(isFolder ? "no format knows this folder (an OpenFOAM case has its mesh in "
+                                    "constant/polyMesh); "
+                                  : "no format knows this file; ") +
+                 "`orv formats` lists what can be read");
 }
 
-/// Says on standard error how to see which zones the messages of the zone checks are about.
+/// How to see which zones the messages of the zone checks are about.
 inline void hintAtZones(const std::string& file) {
-  std::cerr << "orv: " << shownText(file) << ": `orv check -v 2` lists the zones as they are judged"
-            << std::endl;
+  tell(file, "`orv check -v 2` lists the zones as they are judged");
 }
 
-/// Says that a filter that was asked for filtered nothing.
+/// That a filter that was asked for filtered nothing.
 inline void hintAtPartitions(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": --partition picks among the partitions of partitioned post targets; the others "
-               "were checked whole"
-            << std::endl;
+  tell(
+      file,
+      "--partition picks among the partitions of partitioned post targets; the others were checked "
+      "whole");
 }
 
-/// The same for the ids of nodes and faces.
+/// The same as for zones, for the ids of nodes and faces.
 inline void hintAtIds(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": `orv check --level 2 -v 3` names each id that is out of range" << std::endl;
+  tell(file, "`orv check --level 2 -v 3` names each id that is out of range");
 }
 
 /// The same for the number of faces of cells.
 inline void hintAtFaceCounts(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": `orv check --level 2 -v 4` shows the number of faces of each cell that is wrong"
-            << std::endl;
+  tell(file, "`orv check --level 2 -v 4` shows the number of faces of each cell that is wrong");
 }
 
 /// The same for messages about a location model, and what refers to it.
 inline void hintAtModel(const std::string& file) {
-  std::cerr << "orv: " << shownText(file) << ": `orv model` shows the location model with its names"
-            << std::endl;
+  tell(file, "`orv model` shows the location model with its names");
 }
 
 /// The same for messages about physics objects and their locations.
 inline void hintAtRegions(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": `orv regions` tells where each physics object lies, and why" << std::endl;
+  tell(file, "`orv regions` tells where each physics object lies, and why");
 }
 
 /// The same for names in a location that come to nothing.
 inline void hintAtExplanation(const std::string& file) {
-  std::cerr << "orv: " << shownText(file) << ": `orv regions " << shownText(file)
-            << " NAME` explains a region, and what may have been meant" << std::endl;
+  tell(file, "`orv regions " + shownText(file) +
+                 " NAME` explains a region, and what may have been meant");
 }
 
 /// The same where no location model could be built.
 inline void hintAtRelations(const std::string& file) {
-  std::cerr << "orv: " << shownText(file)
-            << ": `orv info` lists the zones, and which of them bound which" << std::endl;
+  tell(file, "`orv info` lists the zones, and which of them bound which");
 }
 
 }  // namespace velto::orv

@@ -9,10 +9,10 @@
 
 #include "orv/ProgressBar.h"
 #include "orv/commands.h"
+#include "orv/hints.h"
 #include "orv/json_report.h"
 #include "orv/model_views.h"
 #include "orv/open_case.h"
-#include "orv/shown_name.h"
 
 namespace velto::orv {
 
@@ -34,9 +34,9 @@ bool hasFaces(const ModelSummary& summary) {
 void explainMissingFaces(const ModelSummary& summary) {
   if (summary.origin == ModelOrigin::built && summary.target != targetRestart &&
       !hasFaces(summary)) {
-    std::cerr << "orv: " << shownText(summary.file) << ": no faces: mesh " << summary.mesh
-              << " is no restart mesh and does not tell which cell zones its face zones bound"
-              << std::endl;
+    tell(summary.file, "no faces: mesh " + std::to_string(summary.mesh) +
+                           " is no restart mesh and does not tell which cell zones its face zones "
+                           "bound");
   }
 }
 

@@ -17,21 +17,23 @@
 
 namespace velto::orv {
 
+namespace {
+
+/// Says so of something that is.
+void refuseOdd(const std::string& file) { tell(file, "is neither a file nor a folder"); }
+
+}  // namespace
+
 bool isOdd(const std::string& file) {
   std::error_code ignored;
   const std::filesystem::file_status status = std::filesystem::status(file, ignored);
   return std::filesystem::is_other(status);
 }
 
-void refuseOdd(const std::string& file) {
-  std::cerr << "orv: " << shownText(file) << ": is neither a file nor a folder" << std::endl;
-}
-
 ProviderOwner openCase(const std::string& file) {
   std::error_code error;
   if (!std::filesystem::exists(file, error)) {
-    std::cerr << "orv: " << shownText(file) << ": "
-              << (error ? error.message() : "no such file or folder") << std::endl;
+    tell(file, error ? error.message() : "no such file or folder");
     return nullptr;
   }
   if (isOdd(file)) {

@@ -24,9 +24,6 @@ using ConsumerOwner = std::unique_ptr<OrvFileConsumer, DeleteThroughFileIO>;
 /// opened: it might keep the program waiting.
 bool isOdd(const std::string& file);
 
-/// Says on standard error that it is.
-void refuseOdd(const std::string& file);
-
 /// The open case, or null after saying why not.
 ProviderOwner openCase(const std::string& file);
 

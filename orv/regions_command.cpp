@@ -47,8 +47,7 @@ void printFindings(const RegionSummary& summary, const std::string& only) {
     hintAtExplanation(file);
   }
   if (summary.regions.empty() && summary.findings.empty()) {
-    std::cerr << "orv: " << shownText(file) << ": the settings have no physics objects"
-              << std::endl;
+    tell(file, "the settings have no physics objects");
   }
 }
 

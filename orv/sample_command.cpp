@@ -14,6 +14,7 @@
 #include "orv/StoppableBar.h"
 #include "orv/TextTable.h"
 #include "orv/commands.h"
+#include "orv/hints.h"
 #include "orv/json_report.h"
 #include "orv/near_name.h"
 #include "orv/shown_name.h"
@@ -95,7 +96,7 @@ bool save(const samples::Sample& sample, const std::string& file, unsigned compr
   } catch (const std::exception& error) {
     std::cerr << "orv: " << shownText(error.what()) << std::endl;
   }
-  std::cerr << "orv: " << shownText(file) << ": " << otherwise << std::endl;
+  tell(file, otherwise);
   return false;
 }
 

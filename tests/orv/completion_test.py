@@ -19,7 +19,7 @@ import tempfile
 import time
 import unittest
 
-ORV = os.path.abspath(sys.argv[1])
+from program import ORV, ProgramTest
 
 
 def orv(*arguments, **environment):
@@ -58,22 +58,16 @@ def need(tool):
     return path
 
 
-class InFolder(unittest.TestCase):
+class InFolder(ProgramTest):
     """Works in a folder with the three scripts and a file with a blank in its name."""
-
-    maxDiff = None
 
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.TemporaryDirectory()
+        super().setUpClass()
         for shell, name in (("bash", "orv"), ("zsh", "_orv"), ("fish", "orv.fish")):
             pathlib.Path(cls.folder.name, name).write_text(orv("completion", shell),
                                                            encoding="utf-8")
         pathlib.Path(cls.folder.name, "my case.orv").touch()
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.folder.cleanup()
 
     def environment(self):
         """Nothing by which a user could have changed a shell."""

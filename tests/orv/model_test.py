@@ -11,25 +11,23 @@ import pathlib
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 
 import jsonschema
 
 from model_outputs import (BROKEN, DOT, FOAM, FOAM_ZONES, ODD_NAMES, PARTITIONS, PERIODIC, PHYSICS,
                            PHYSICS_BUILT, POST, SAME_NAMES, SHADOW, TWO_BODIES, ZONES_ERRORS)
+from program import ORV, ProgramTest
 
-ORV, MAKE_POLYMESH, MAKE_MODELS, SCHEMA = map(os.path.abspath, sys.argv[1:5])
+MAKE_POLYMESH, MAKE_MODELS, SCHEMA = map(os.path.abspath, sys.argv[2:5])
 
 
-class Model(unittest.TestCase):
-    """Runs in a folder of its own that holds samples, an OpenFOAM mesh and odd models."""
-
-    maxDiff = None
+class Model(ProgramTest):
+    """Has samples, an OpenFOAM mesh and odd models in its folder."""
 
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.TemporaryDirectory()
+        super().setUpClass()
         folder = cls.folder.name
         for sample in ("physics", "two-bodies", "periodic", "shadow", "post", "partitions"):
             subprocess.run([ORV, "sample", sample, f"{folder}/{sample}.orv", "--cells", "64"],
@@ -42,15 +40,9 @@ class Model(unittest.TestCase):
             "1(rotor { type cellZone; cellLabels 1(2); })\n", encoding="utf-8")
         pathlib.Path(folder, "notes.txt").write_text("no mesh\n", encoding="utf-8")
 
-    @classmethod
-    def tearDownClass(cls):
-        cls.folder.cleanup()
-
     def model(self, *arguments):
         """Exit status, standard output and standard error."""
-        done = subprocess.run([ORV, "model", *arguments], cwd=self.folder.name,
-                              capture_output=True, check=False)
-        return done.returncode, done.stdout.decode(), done.stderr.decode()
+        return self.orv("model", *arguments)
 
     def report(self, *arguments):
         """Exit status, the files of `model --json`, which has to fit its schema, standard error."""

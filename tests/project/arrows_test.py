@@ -12,6 +12,8 @@ import sys
 import tempfile
 import unittest
 
+from made_up_tree import write_tree
+
 MAX_LINES = 500
 
 # The layers, and what each may include beside itself: another layer, or a single header of one. A
@@ -167,11 +169,7 @@ class Arrows(unittest.TestCase):
     def complaints(self, changed):
         """Complaints about the sound project with more files, text by path."""
         with tempfile.TemporaryDirectory() as root:
-            for path, text in {**self.PROJECT, **changed}.items():
-                file = os.path.join(root, path)
-                os.makedirs(os.path.dirname(file), exist_ok=True)
-                with open(file, "w", encoding="utf-8") as out:
-                    out.write(text)
+            write_tree(root, {**self.PROJECT, **changed})
             return judge(root)
 
     def test_a_sound_project_passes(self):

@@ -12,6 +12,8 @@ import sys
 import tempfile
 import unittest
 
+from made_up_tree import write_tree
+
 # They tell what was once: what stands there in backticks may be gone.
 PAST = ("CHANGELOG.md", "docs/decisions/")
 
@@ -141,11 +143,7 @@ class Pages(unittest.TestCase):
 
     def complaints(self, line, page="docs/page.md"):
         with tempfile.TemporaryDirectory() as root:
-            for path, text in {**self.PROJECT, page: line + "\n"}.items():
-                file = os.path.join(root, path)
-                os.makedirs(os.path.dirname(file), exist_ok=True)
-                with open(file, "w", encoding="utf-8") as out:
-                    out.write(text)
+            write_tree(root, {**self.PROJECT, page: line + "\n"})
             return Project(root).judge()
 
     def test_a_sound_page_passes(self):
